@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/file_error.h"
+#include "platform/file_system.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// Files are read whole and replaced whole or not at all; every file of this program goes through these two.
+namespace brindle {
+
+/// Reads the regular file at `path` into `bytes`, at most `limit` bytes of it. On failure `bytes` is empty.
+/// A folder is PathAccessError; a pipe or device DeviceUnavailableError (it could keep us waiting for ever).
+FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::size_t limit,
+                        std::string& bytes);
+
+/// Makes `bytes` the whole content of the file at `path`, or leaves the old file as it was: the bytes are
+/// written to a new file beside it, flushed to the disk and renamed over it, and the folder is flushed. Links
+/// are followed, the old file's mode is kept. A file marked read-only is PermissionDeniedError; a folder that
+/// does not let us create a file, and a `path` that is a folder, are PathAccessError; a missing folder is
+/// PathNotFoundError. A device is written in place. No failure leaves the file beside behind.
+FileError ReplaceWholeFile(const FileSystem& files, const std::string& path, std::string_view bytes);
+
+} // namespace brindle

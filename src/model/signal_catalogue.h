@@ -1,0 +1,66 @@
+#pragma once
+
+#include "model/bool16.h"
+#include "model/input_code.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace brindle {
+
+inline constexpr std::int16_t NoCategory = -1;
+inline constexpr std::int32_t EndCode = -1; ///< code of the entry that ends the catalogue
+
+/// One signal that an input can be connected to, at its table position.
+struct SignalEntry {
+    std::int16_t Category = NoCategory; ///< number of its category, or NoCategory
+    std::int32_t Code = 0;              ///< the value stored in an input; EndCode ends the list
+    std::string Name;
+    std::string Label; ///< caption of its button in a chooser
+    Bool16 Enabled;    ///< its button can be pressed
+    Bool16 Visible;    ///< its button is shown
+
+    bool operator==(const SignalEntry&) const = default;
+};
+
+/// One category of signals: a menu item and a chooser window.
+struct CategoryEntry {
+    std::int32_t Number = 0; ///< equal to its position
+    std::string Caption;     ///< of the menu item, with "&" before an access key
+    std::string Name;
+    Bool16 Enabled; ///< the menu item can be chosen
+    Bool16 Visible; ///< the menu item is shown
+
+    bool operator==(const CategoryEntry&) const = default;
+};
+
+/// Names and categories of the signals of the current relay model and file version.
+struct SignalCatalogue {
+    std::vector<SignalEntry> Signals; ///< positions 0 to 140; the entries after END are empty
+    std::vector<CategoryEntry> Categories;
+
+    bool operator==(const SignalCatalogue&) const = default;
+};
+
+/// The VDR812 catalogue of a file version (the 2.30 column from 2.3 on, else the 1.00 column). Built whole,
+/// so that nothing of another version remains.
+SignalCatalogue BuildVdr812Catalogue(float version);
+
+/// Number of signals before END.
+std::size_t SignalCount(const SignalCatalogue& catalogue);
+
+/// The signals of category `category` in position order, up to END.
+std::vector<const SignalEntry*> SignalsOfCategory(const SignalCatalogue& catalogue, std::int32_t category);
+
+/// The name of the signal that `code` stands for: "FALSE" for the coding's FalseCode, the base signal's name
+/// for an inverted code, else the name at the position equal to the code. No such position gives an empty
+/// name.
+std::string NameOfCode(const SignalCatalogue& catalogue, const InputCoding& coding, std::int32_t code);
+
+/// The text of a code where signal numbers may be shown: its name, after the stored code in upper-case
+/// hexadecimal and " -> " when `showNumbers` is set.
+std::string SignalText(const SignalCatalogue& catalogue, const InputCoding& coding, std::int32_t code,
+                       bool showNumbers);
+
+} // namespace brindle
