@@ -3,7 +3,7 @@
 #include "model/logic_config.h"
 
 #include <array>
-#include <string_view>
+#include <string>
 
 /// Which AND gate stands in which row of the diagram. The four rows are fixed on screen; the gates that they
 /// stand for change with the file version: from 2.30 on the first row is gate 3, and only rows 2 and 3 are in
@@ -28,9 +28,8 @@ constexpr int RowOfInput(int input) {
 }
 
 /// The tag of input box `input` (1 to 16): gate, then input within the gate ("11" to "44").
-constexpr std::array<char, 2> InputTag(float version, int input) {
-    return {static_cast<char>('0' + GateOfRow(version, RowOfInput(input))),
-            static_cast<char>('0' + (input - 1) % 4 + 1)};
+inline std::string InputTag(float version, int input) {
+    return std::to_string(GateOfRow(version, RowOfInput(input))) + std::to_string((input - 1) % 4 + 1);
 }
 
 /// The input box that is selected when a unit is shown: the first of gate 1.
