@@ -71,6 +71,7 @@ void BuildInputs(UnitView& view, const LogicConfig& config, const SignalCatalogu
         InputView& box = view.Inputs.at(static_cast<std::size_t>(input - 1));
         box.Visible = rowsShown.at(static_cast<std::size_t>(RowOfInput(input) - 1));
         box.InvertMark = box.Visible && IsInverted(config.Coding, code);
+        box.Idle = code == NoConnectCode || code == config.Coding.FalseCode;
         box.Text = SignalText(catalogue, config.Coding, code, selection.NumbersShown);
         box.LineCaption = tag + InputTag(config.Version, input);
         box.BackColour = input == selection.Input ? SelectedInputColour : WhiteColour;

@@ -48,6 +48,7 @@ struct InputView {
     std::string LineCaption; ///< unit tag and input tag, "T211"
     bool Visible = true;     ///< box, caption and lines of its gate row
     bool InvertMark = false; ///< never set on a hidden input
+    bool Idle = false;       ///< "FALSE" or "NO CONNECT": the text stands back behind the signals in use
     Colour BackColour = WhiteColour;
 };
 

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "editor/diagram_layout.h"
+#include "settings/screen_scale.h"
+
+#include <QColor>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPalette>
+
+/// The artwork of the unit diagram: gates, timer, latch and wires, drawn from their layout.
+namespace brindle {
+
+QRect ToPixels(const LayoutRect& rect);
+
+/// Colours of the drawing, taken from the desktop's palette so that it reads well in light and dark.
+struct DiagramColours {
+    QColor Card;    ///< behind the diagram
+    QColor Border;  ///< of the card
+    QColor Line;    ///< wires and outlines
+    QColor Symbol;  ///< inside gates, timer and latch
+    QColor Caption; ///< text in symbols
+    QColor Faint;   ///< text that stands back
+};
+
+DiagramColours ColoursOf(const QPalette& palette);
+
+/// Draws with lines of one weight that fall on whole device pixels.
+class DiagramPainter {
+  public:
+    DiagramPainter(QPainter& painter, const DiagramColours& colours);
+
+    void DrawWire(const LayoutWire& wire);
+    void DrawAndGate(const LayoutRect& gate);
+    void DrawOrGate(const LayoutRect& gate);
+    void DrawTimer(const LayoutRect& symbol);
+    void DrawBox(const LayoutRect& symbol);
+
+    /// Small AND gates into an OR gate: the picture of the latch's other side.
+    void DrawLogicPicture(const QRectF& area);
+
+    void DrawInvertMark(const QRectF& area);
+
+  private:
+    [[nodiscard]] QRectF Aligned(const QRectF& rect) const;
+    void DrawOutline(const QPainterPath& path);
+
+    QPainter& painter_;
+    DiagramColours colours_;
+    qreal lineWidth_;
+    qreal shift_; ///< from a grid line to the middle of the line drawn on it
+};
+
+} // namespace brindle

@@ -1,0 +1,71 @@
+#include "editor/editor.h"
+
+#include "editor/gate_rows.h"
+#include "model/number_text.h"
+
+#include <utility>
+
+namespace brindle {
+
+Editor::Editor(EditorSurroundings surroundings)
+    : surroundings_(std::move(surroundings)), settings_(surroundings_.ProgramFolder, surroundings_.Profile,
+                                                        surroundings_.Files, surroundings_.ShowMessageBox) {}
+
+std::string Editor::Title() const {
+    const std::string model = config_.RelayModel == RelayKind::Vdr812 ? "VDR812" : "VDR810";
+    return model + " Programmable Logic          (File: " + config_.FilePath +
+           ") Version: " + FormatFixed(config_.Version, 2);
+}
+
+void Editor::RebuildCatalogue() {
+    catalogue_ = BuildVdr812Catalogue(config_.Version);
+    window_.ShowCategories();
+}
+
+void Editor::mnuGroup_Click(int group) {
+    shown_.Group = group;
+    mnuTimerLatch_Click(shown_.Unit);
+}
+
+void Editor::mnuTimerLatch_Click(int unit) {
+    shown_.Unit = unit;
+    shown_.Input = FirstInput(config_.Version);
+    shown_.InputSelected = InputSelection::WithUnit;
+    shown_.NumbersShown = numbersChecked_;
+    window_.ShowUnit(UnitRedraw::Selected);
+}
+
+void Editor::ShowFirstUnit() {
+    shown_.Unit = 1;
+    mnuGroup_Click(1);
+}
+
+void Editor::Form_Activate() {
+    shown_.NumbersShown = numbersChecked_;
+    window_.ShowUnit(UnitRedraw::Refreshed);
+}
+
+void Editor::txtPlo_GotFocus(int input) {
+    shown_.Input = input;
+    shown_.InputSelected = InputSelection::ByItself;
+    window_.ShowUnit(UnitRedraw::Refreshed);
+}
+
+void Editor::pctSetReset_Click() {
+    switch (Unit(shown_.Unit).Kind) {
+    case UnitKind::LatchReset:
+        mnuTimerLatch_Click(shown_.Unit + 1);
+        break;
+    case UnitKind::LatchSet:
+        mnuTimerLatch_Click(shown_.Unit - 1);
+        break;
+    case UnitKind::Timer:
+        break;
+    }
+}
+
+void Editor::mnuShowNumbers_Click() {
+    numbersChecked_ = !numbersChecked_;
+}
+
+} // namespace brindle

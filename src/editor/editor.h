@@ -1,0 +1,158 @@
+#pragma once
+
+#include "editor/relay_output_map.h"
+#include "editor/save_prompt.h"
+#include "editor/unit_view.h"
+#include "files/program_file.h"
+#include "model/logic_config.h"
+#include "model/signal_catalogue.h"
+#include "platform/file_dialog.h"
+#include "platform/file_system.h"
+#include "platform/folders.h"
+#include "platform/message_box.h"
+#include "settings/file_command.h"
+#include "settings/profile.h"
+#include "settings/settings_file.h"
+#include "settings/window_placement.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace brindle {
+
+/// What showing a unit may disturb.
+enum class UnitRedraw {
+    Selected, ///< a unit was selected: every control takes its new content
+    Refreshed ///< the same unit is drawn anew: what the user is typing stays
+};
+
+/// What the editor asks of the main window. The window copies what the editor's views say onto its controls.
+struct EditorWindow {
+    std::function<void(bool busy)> ShowHourglass;
+    std::function<void()> ShowTitle;
+    std::function<void()> ShowCategories; ///< the categories menu follows the catalogue
+    std::function<void()> ShowOutputMap;  ///< the output boxes follow the range of outputs
+    std::function<void(UnitRedraw redraw)> ShowUnit;
+    std::function<void()> CloseAllChoosers;
+    PlacedForm Placement; ///< the window's place on the screen
+    std::function<void()> Unload;
+};
+
+/// What the editor knows and uses of the world around it, handed in once at start.
+struct EditorSurroundings {
+    std::string ProgramFolder;
+    int ProgramMajor = 0;
+    int ProgramMinor = 0;
+    int ProgramRevision = 0;
+    std::string CommandLine; ///< absolute path of the file to open at start; empty for none
+    FileSystem Files;
+    ProfileFunctions Profile;
+    FolderFunctions Folders;
+    brindle::ShowMessageBox ShowMessageBox;
+    brindle::RunFileDialog RunFileDialog;
+    /// Told of every file chosen in the Open dialog and of every file read or written well: path, name,
+    /// model.
+    std::function<void(const std::string& path, const std::string& title, RelayKind model)> FileUsed;
+};
+
+/// A file that a command is to open.
+struct ChosenFile {
+    std::string Path;
+    std::string Title;
+    RelayKind Model = RelayKind::Vdr812;
+};
+
+/// The one editor of a running program: the logic, what of it is shown, and the commands of the main window.
+/// Runs without a window in sight; commands that would discard changes ask first, and a command that is
+/// cancelled or fails leaves logic, file and title as they were.
+class Editor {
+  public:
+    explicit Editor(EditorSurroundings surroundings);
+
+    /// Gives the editor its window; before Form_Load.
+    void AttachWindow(EditorWindow window) { window_ = std::move(window); }
+
+    // Start, activation and end of the main window.
+
+    /// Before the window is loaded: stored settings of another program version are dropped.
+    void Form_Initialize();
+    /// Makes a new 2.30 logic, finds the home directory, places the window, shows group 1, timer 1, and opens
+    /// the file of the command line.
+    void Form_Load();
+    /// The window became active: the shown unit is drawn anew; the selected input stays.
+    void Form_Activate();
+    /// The window is closing: its place is stored.
+    void Form_Unload();
+    /// The window has closed: offers to save what Exit did not ask about.
+    void Form_Terminate();
+
+    // File commands.
+
+    void mnuNewFileVer100_Click() { NewVdr812(Version100); }
+
+    void mnuNewFileVer230_Click() { NewVdr812(Version230); }
+
+    void mnuOpenBin_Click();
+    void mnuFileSave_Click();
+    /// Save As; before printing only the dialog's title differs.
+    void mnuSaveBin_Click(bool beforePrinting = false);
+    void mnuExit_Click();
+
+    // What is shown.
+
+    void mnuGroup_Click(int group);     ///< 1 to 8
+    void mnuTimerLatch_Click(int unit); ///< 1 to 10
+    void txtPlo_GotFocus(int input);    ///< 1 to 16: selects the input
+    void pctSetReset_Click();           ///< flips between the sides of the shown latch; nothing for a timer
+    void mnuShowNumbers_Click();        ///< the input texts follow at the next drawing of a unit
+
+    // What the window copies.
+
+    [[nodiscard]] const LogicConfig& Config() const { return config_; }
+
+    [[nodiscard]] const SignalCatalogue& Catalogue() const { return catalogue_; }
+
+    [[nodiscard]] const ViewSelection& Shown() const { return shown_; }
+
+    [[nodiscard]] UnitView View() const { return BuildUnitView(config_, catalogue_, shown_); }
+
+    [[nodiscard]] OutputMapLayout OutputMap() const { return SetupRelayOutputMapWindow(config_); }
+
+    [[nodiscard]] std::string Title() const;
+
+    /// The check mark of "Show Logic Signal Numbers".
+    [[nodiscard]] bool NumbersChecked() const { return numbersChecked_; }
+
+    [[nodiscard]] const std::string& HomeDirectory() const { return homeDirectory_; }
+
+    /// The logic for the commands that edit it.
+    LogicConfig& EditConfig() { return config_; }
+
+  private:
+    void NewVdr812(float version);
+    void Open(const ChosenFile& file);
+    [[nodiscard]] std::optional<ChosenFile> ChooseFileToOpen();
+    /// The file at a path that no dialog chose; its model follows its extension.
+    [[nodiscard]] static ChosenFile FileOfPath(const std::string& path);
+    /// Asks if there are changes; false when the user cancelled.
+    [[nodiscard]] bool MayDiscard(DiscardingCommand command);
+    /// Writes the logic to its file path and, when that went well, takes it as saved.
+    void WriteLogic();
+    void RebuildCatalogue();
+    void ShowFirstUnit();
+    void NameNewFile();
+    void FindHomeDirectory();
+    void TellFileUsed();
+
+    EditorSurroundings surroundings_;
+    EditorWindow window_;
+    SettingsFile settings_;
+    LogicConfig config_;
+    SignalCatalogue catalogue_;
+    ViewSelection shown_;
+    bool numbersChecked_ = false;
+    std::string homeDirectory_;
+};
+
+} // namespace brindle

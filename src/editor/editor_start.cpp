@@ -1,0 +1,63 @@
+#include "editor/editor.h"
+#include "platform/paths.h"
+#include "settings/program_version.h"
+#include "settings/setting_keys.h"
+
+/// How the main window starts and ends.
+namespace brindle {
+
+void Editor::Form_Initialize() {
+    CheckProgramVersion(settings_, surroundings_.ProgramMajor, surroundings_.ProgramMinor,
+                        surroundings_.ProgramRevision);
+}
+
+void Editor::FindHomeDirectory() {
+    const FolderFunctions& folders = surroundings_.Folders;
+    folders.ChangeFolder(surroundings_.ProgramFolder);
+    homeDirectory_ = settings_.Read(SectionBrindle, KeyHomeDir, surroundings_.ProgramFolder);
+    if (homeDirectory_.empty() || !folders.FolderExists(homeDirectory_)) {
+        homeDirectory_ = surroundings_.ProgramFolder;
+    }
+    folders.ChangeDrive(homeDirectory_);
+    folders.ChangeFolder(homeDirectory_);
+}
+
+void Editor::Form_Load() {
+    MakeNewVdr812(config_, Version230);
+    window_.ShowOutputMap();
+    RebuildCatalogue();
+    FindHomeDirectory();
+    RestorePlacement(settings_, SectionBrindle, window_.Placement, MainWindowKeys);
+    NameNewFile();
+    ShowFirstUnit();
+    config_.Modified = false;
+
+    if (!surroundings_.CommandLine.empty()) {
+        const FileNameParts parts = Get_File_Name_Parts(surroundings_.CommandLine);
+        surroundings_.Folders.ChangeDrive(parts.Folder);
+        surroundings_.Folders.ChangeFolder(parts.Folder);
+        if (MayDiscard(DiscardingCommand::Open)) {
+            Open(FileOfPath(surroundings_.CommandLine));
+        }
+    }
+}
+
+void Editor::Form_Unload() {
+    SavePlacement(settings_, SectionBrindle, window_.Placement, MainWindowKeys);
+}
+
+void Editor::Form_Terminate() {
+    if (config_.Modified &&
+        surroundings_.ShowMessageBox(SavePrompt(DiscardingCommand::WindowEnd)) == MessageAnswer::Yes) {
+        mnuSaveBin_Click();
+    }
+}
+
+void Editor::mnuExit_Click() {
+    if (MayDiscard(DiscardingCommand::Exit)) {
+        config_.Modified = false;
+        window_.Unload();
+    }
+}
+
+} // namespace brindle

@@ -1,0 +1,173 @@
+#include "editor/editor.h"
+#include "platform/paths.h"
+
+/// New, Open, Save and Save As of the main window.
+namespace brindle {
+
+namespace {
+
+constexpr const char* OpenFailed = "There was an error trying to open the File.";
+constexpr const char* SaveFailed = "There was an error trying to save the File.";
+
+/// The hourglass pointer for as long as a file is read or written.
+class Hourglass {
+  public:
+    explicit Hourglass(const EditorWindow& window) : window_(window) { window_.ShowHourglass(true); }
+
+    ~Hourglass() { window_.ShowHourglass(false); }
+
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+    Hourglass(Hourglass&&) = delete;
+    Hourglass& operator=(Hourglass&&) = delete;
+
+  private:
+    const EditorWindow& window_;
+};
+
+int FilterIndexOf(RelayKind model) {
+    return model == RelayKind::Vdr812 ? 1 : 2;
+}
+
+MessageBox ShortFileNotice(const std::string& path, std::size_t bytesRead) {
+    return {"The file " + path + " holds only " + std::to_string(bytesRead) + " of the " +
+                std::to_string(ProgramFileSize) +
+                " bytes of a program.  The missing bytes were read as zero.",
+            MessageIcon::Exclamation, MessageButtons::Ok};
+}
+
+MessageBox Vdr810Notice(const std::string& path) {
+    return {"The file " + path +
+                " is a VDR810 logic file.  This version opens VDR812 program files (*.pl) only.",
+            MessageIcon::Exclamation, MessageButtons::Ok};
+}
+
+} // namespace
+
+bool Editor::MayDiscard(DiscardingCommand command) {
+    if (!config_.Modified) {
+        return true;
+    }
+    const MessageAnswer answer = surroundings_.ShowMessageBox(SavePrompt(command));
+    if (answer == MessageAnswer::Yes) {
+        mnuSaveBin_Click();
+    }
+    return answer == MessageAnswer::Yes || answer == MessageAnswer::No;
+}
+
+void Editor::NameNewFile() {
+    config_.FileTitle = config_.RelayModel == RelayKind::Vdr812 ? "New_File.pl" : "New_File.c10";
+    config_.FilePath = JoinPath(homeDirectory_, config_.FileTitle);
+    window_.ShowTitle();
+}
+
+void Editor::NewVdr812(float version) {
+    window_.CloseAllChoosers();
+    if (!MayDiscard(DiscardingCommand::New)) {
+        return;
+    }
+    MakeNewVdr812(config_, version);
+    RebuildCatalogue();
+    window_.ShowOutputMap();
+    ShowFirstUnit();
+    config_.Modified = false;
+    NameNewFile();
+}
+
+ChosenFile Editor::FileOfPath(const std::string& path) {
+    const FileNameParts parts = Get_File_Name_Parts(path);
+    const bool vdr810 = parts.Extension == "c10" || parts.Extension == "C10";
+    return {path, parts.Title(), vdr810 ? RelayKind::Vdr810 : RelayKind::Vdr812};
+}
+
+std::optional<ChosenFile> Editor::ChooseFileToOpen() {
+    FileDialogRequest request;
+    request.Kind = FileDialogKind::Open;
+    request.Title = "Open Binary File";
+    request.Filter = "Vdr812 PLC Files (*.pl)|*.pl";
+    request.FilterIndex = FilterIndexOf(config_.RelayModel);
+    request.DefaultExtension = "pl";
+    request.InitialFileName = JoinPath(homeDirectory_, "*.pl");
+    const std::optional<FileDialogAnswer> answer = surroundings_.RunFileDialog(request);
+    if (!answer) {
+        return {};
+    }
+    const RelayKind model = answer->FilterIndex == 1 ? RelayKind::Vdr812 : RelayKind::Vdr810;
+    surroundings_.FileUsed(answer->FileName, answer->FileTitle, model);
+    return ChosenFile{answer->FileName, answer->FileTitle, model};
+}
+
+void Editor::mnuOpenBin_Click() {
+    window_.CloseAllChoosers();
+    if (!MayDiscard(DiscardingCommand::Open)) {
+        return;
+    }
+    if (const std::optional<ChosenFile> file = ChooseFileToOpen()) {
+        Open(*file);
+    }
+}
+
+void Editor::Open(const ChosenFile& file) {
+    if (file.Model == RelayKind::Vdr810) {
+        surroundings_.ShowMessageBox(Vdr810Notice(file.Path));
+        return;
+    }
+    LogicConfig opened = config_;
+    std::size_t bytesRead = 0;
+    {
+        const Hourglass hourglass(window_);
+        const auto read = [&] { return ReadProgramFile(surroundings_.Files, file.Path, opened, bytesRead); };
+        if (RunFileCommand({read}, OpenFailed, surroundings_.ShowMessageBox) != FileOutcome::Done) {
+            return;
+        }
+        config_ = opened;
+        config_.FilePath = file.Path;
+        config_.FileTitle = file.Title;
+        RebuildCatalogue();
+        window_.ShowTitle();
+        window_.ShowOutputMap();
+        ShowFirstUnit();
+        config_.Modified = false;
+        TellFileUsed();
+    }
+    if (bytesRead < ProgramFileSize) {
+        surroundings_.ShowMessageBox(ShortFileNotice(file.Path, bytesRead));
+    }
+}
+
+void Editor::TellFileUsed() {
+    surroundings_.FileUsed(config_.FilePath, config_.FileTitle, config_.RelayModel);
+}
+
+void Editor::WriteLogic() {
+    const Hourglass hourglass(window_);
+    window_.ShowTitle();
+    const auto write = [&] { return WriteProgramFile(surroundings_.Files, config_.FilePath, config_); };
+    if (RunFileCommand({write}, SaveFailed, surroundings_.ShowMessageBox) == FileOutcome::Done) {
+        config_.Modified = false;
+        TellFileUsed();
+    }
+}
+
+void Editor::mnuFileSave_Click() {
+    WriteLogic();
+}
+
+void Editor::mnuSaveBin_Click(bool beforePrinting) {
+    window_.CloseAllChoosers();
+    FileDialogRequest request;
+    request.Kind = FileDialogKind::SaveAs;
+    request.Title = beforePrinting ? "Save Binary File Prior to Printing" : "Save Binary File";
+    request.Filter =
+        config_.RelayModel == RelayKind::Vdr812 ? "Binary File (*.pl)|*.pl" : "Vdr810 PLC File (*.c10)|*.c10";
+    request.FilterIndex = FilterIndexOf(config_.RelayModel);
+    request.DefaultExtension = "pl";
+    request.InitialFileName = config_.FileTitle;
+    if (const std::optional<FileDialogAnswer> answer = surroundings_.RunFileDialog(request)) {
+        config_.FilePath = answer->FileName;
+        config_.FileTitle = answer->FileTitle;
+        WriteLogic();
+    }
+}
+
+} // namespace brindle

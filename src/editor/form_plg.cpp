@@ -1,0 +1,250 @@
+#include "editor/form_plg.h"
+
+#include "editor/menu_tree.h"
+#include "editor/strip_label_widget.h"
+#include "editor/unit_diagram_widget.h"
+#include "settings/screen_scale.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace brindle {
+
+namespace {
+
+constexpr QSize FirstSize(1120, 740); // pixels, where no placement is stored
+constexpr QSize LeastSize(800, 600);
+
+QLabel* NewLabel(const char* name, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setObjectName(QString::fromLatin1(name));
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+} // namespace
+
+formPLG::formPLG(Editor& editor) : editor_(editor) {
+    setObjectName(QStringLiteral("formPLG"));
+    BuildMenus();
+    ConnectMenus();
+
+    auto* central = new QWidget(this);
+    central->setObjectName(QStringLiteral("picBackground"));
+    auto* column = new QVBoxLayout(central);
+    column->setContentsMargins(10, 8, 10, 10);
+    column->setSpacing(8);
+    column->addWidget(BuildHeader(central));
+    lblSelectedInput_ = NewLabel("lblSelectedInput", central);
+    QFont bold = font();
+    bold.setBold(true);
+    lblSelectedInput_->setFont(bold);
+    lblSelectedInput_->setFrameStyle(QFrame::StyledPanel);
+    lblSelectedInput_->setMargin(3);
+    column->addWidget(lblSelectedInput_);
+    diagram_ = new UnitDiagramWidget(central);
+    diagram_->OnInputSelected = [this](int input) { editor_.txtPlo_GotFocus(input); };
+    diagram_->OnSetResetClicked = [this] { editor_.pctSetReset_Click(); };
+    column->addWidget(diagram_, 1);
+    setCentralWidget(central);
+    FitToScreen();
+    editor_.AttachWindow(WindowForEditor());
+}
+
+void formPLG::FitToScreen() {
+    const int screenHeight = PixelsToTwips(QApplication::primaryScreen()->size().height());
+    const double factor = ScreenScaleFactor(screenHeight);
+    ScaledControl form;
+    form.Kind = ScaledControlKind::Texted;
+    form.FontSize = font().pointSizeF();
+    form.Width = FirstSize.width();
+    form.Height = FirstSize.height();
+    form = Scaled(form, factor);
+    QFont scaledFont = font();
+    scaledFont.setPointSizeF(form.FontSize);
+    setFont(scaledFont);
+    setMinimumSize(LeastSize * factor);
+    resize(static_cast<int>(form.Width), static_cast<int>(form.Height));
+}
+
+PlacedForm formPLG::PlacementForEditor() {
+    PlacedForm form;
+    form.Screen = [] {
+        const QSize screen = QApplication::primaryScreen()->size();
+        return ScreenSize{PixelsToTwips(screen.height()), PixelsToTwips(screen.width())};
+    };
+    form.State = [this] {
+        if (isMinimized()) {
+            return WindowState::Minimised;
+        }
+        return isMaximized() ? WindowState::Maximised : WindowState::Normal;
+    };
+    form.Bounds = [this] {
+        return FormBounds{PixelsToTwips(y()), PixelsToTwips(x()), PixelsToTwips(height()),
+                          PixelsToTwips(width())};
+    };
+    form.Place = [this](const FormBounds& bounds) {
+        resize(TwipsToPixels(bounds.Width), TwipsToPixels(bounds.Height));
+        move(TwipsToPixels(bounds.Left), TwipsToPixels(bounds.Top));
+    };
+    form.Maximise = [this] { restoredState_ = Qt::WindowMaximized; };
+    return form;
+}
+
+QWidget* formPLG::BuildHeader(QWidget* parent) {
+    auto* header = new QWidget(parent);
+    header->setObjectName(QStringLiteral("picHeader"));
+    lblGroup_ = NewLabel("lblGroup", header);
+    lblTimerLatchUnit_ = NewLabel("lblTimerLatchUnit", header);
+
+    auto* save = new QPushButton(QStringLiteral("Save"), header);
+    save->setObjectName(QStringLiteral("cmdbtnSave"));
+    save->setToolTip(QStringLiteral("Saves File. Does not Prompt about Over Write!!"));
+    save->setAutoDefault(false);
+    connect(save, &QPushButton::clicked, this, [this] { editor_.mnuFileSave_Click(); });
+    auto* constants = new QPushButton(QStringLiteral("Make ENUM"), header);
+    constants->setObjectName(QStringLiteral("Command1"));
+    constants->setEnabled(false);
+
+    auto* grid = new QGridLayout(header);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setVerticalSpacing(6);
+    grid->setHorizontalSpacing(8);
+    grid->addWidget(lblGroup_, 0, 0);
+    grid->addLayout(BuildGroupStrip(header), 0, 1);
+    grid->addWidget(save, 0, 3);
+    grid->addWidget(lblTimerLatchUnit_, 1, 0);
+    grid->addLayout(BuildUnitStrip(header), 1, 1);
+    grid->addWidget(constants, 1, 3);
+    grid->setColumnStretch(2, 1);
+    // The strips stay where they are when the caption changes from "Timer:" to "Latch Reset:".
+    grid->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance(QStringLiteral("Latch Reset:")) + 4);
+    return header;
+}
+
+QHBoxLayout* formPLG::BuildGroupStrip(QWidget* parent) {
+    auto* strip = new QHBoxLayout;
+    strip->setSpacing(4);
+    for (int group = 1; group <= MaxGroups; ++group) {
+        auto* label = new StripLabelWidget(QString::fromStdString(ElementName("lblGroupNumber", group)),
+                                           QString::number(group), parent);
+        label->setAccessibleName(QStringLiteral("Group %1").arg(group));
+        connect(label, &QAbstractButton::clicked, this, [this, group] { editor_.mnuGroup_Click(group); });
+        lblGroupNumber_.at(static_cast<std::size_t>(group - 1)) = label;
+        strip->addWidget(label);
+    }
+    strip->addStretch(1);
+    return strip;
+}
+
+QHBoxLayout* formPLG::BuildUnitStrip(QWidget* parent) {
+    constexpr int gapBeforeLatch = 14;
+    auto* strip = new QHBoxLayout;
+    strip->setSpacing(4);
+    for (const UnitInfo& unit : UnitTable) {
+        if (unit.Kind == UnitKind::LatchReset) {
+            strip->addSpacing(gapBeforeLatch);
+        }
+        const QString tag = QString::fromLatin1(unit.Tag.data(), static_cast<qsizetype>(unit.Tag.size()));
+        auto* label =
+            new StripLabelWidget(QString::fromStdString(ElementName("lblUnit", unit.Number)), tag, parent);
+        label->setAccessibleName(QStringLiteral("Unit %1").arg(tag));
+        connect(label, &QAbstractButton::clicked, this,
+                [this, number = unit.Number] { editor_.mnuTimerLatch_Click(number); });
+        lblUnit_.at(static_cast<std::size_t>(unit.Number - 1)) = label;
+        strip->addWidget(label);
+    }
+    strip->addStretch(1);
+    return strip;
+}
+
+EditorWindow formPLG::WindowForEditor() {
+    EditorWindow window;
+    window.ShowHourglass = [](bool busy) {
+        if (busy) {
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        } else {
+            QApplication::restoreOverrideCursor();
+        }
+    };
+    window.ShowTitle = [this] { setWindowTitle(QString::fromStdString(editor_.Title())); };
+    window.ShowCategories = [this] { ShowCategories(); };
+    window.ShowOutputMap = [this] { diagram_->ShowOutputMap(editor_.OutputMap()); };
+    window.ShowUnit = [this](UnitRedraw redraw) { ShowUnit(redraw); };
+    window.CloseAllChoosers = [] {};
+    window.Placement = PlacementForEditor();
+    window.Unload = [this] { close(); };
+    return window;
+}
+
+void formPLG::ShowUnit(UnitRedraw redraw) {
+    const UnitView view = editor_.View();
+    lblGroup_->setText(QString::fromStdString(view.GroupCaption));
+    lblTimerLatchUnit_->setText(QString::fromStdString(view.UnitCaption));
+    lblSelectedInput_->setText(QString::fromStdString(view.SelectedInputCaption));
+    for (int group = 1; group <= MaxGroups; ++group) {
+        const StripLabelView& label = view.Groups.at(static_cast<std::size_t>(group - 1));
+        lblGroupNumber_.at(static_cast<std::size_t>(group - 1))->ShowView(label);
+        QAction* item = Action(QString::fromStdString(ElementName("mnuGroup", group)));
+        item->setChecked(label.Checked);
+        item->setVisible(label.Visible);
+    }
+    for (int unit = 1; unit <= UnitsPerGroup; ++unit) {
+        const StripLabelView& label = view.Units.at(static_cast<std::size_t>(unit - 1));
+        lblUnit_.at(static_cast<std::size_t>(unit - 1))->ShowView(label);
+        Action(QString::fromStdString(ElementName("mnuTimerLatch", unit)))->setChecked(label.Checked);
+    }
+    diagram_->ShowUnit(view, redraw);
+    // The keyboard goes to the box that is marked as selected, unless it is elsewhere on purpose.
+    const QWidget* focused = focusWidget();
+    if (redraw == UnitRedraw::Selected && focused != nullptr &&
+        focused->objectName().startsWith(QLatin1String("txtPlo("))) {
+        diagram_->FocusInput(editor_.Shown().Input);
+    }
+}
+
+void formPLG::LoadAndShow() {
+    editor_.Form_Load();
+    loaded_ = true;
+    diagram_->FocusInput(editor_.Shown().Input);
+    setWindowState(restoredState_);
+    show();
+}
+
+bool formPLG::event(QEvent* event) {
+    const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::WindowActivate && loaded_) {
+        editor_.Form_Activate();
+    }
+    return handled;
+}
+
+void formPLG::mousePressEvent(QMouseEvent* event) {
+    const QWidget* under = childAt(event->position().toPoint());
+    const bool background = under == nullptr || under == diagram_ || under == centralWidget() ||
+                            under->objectName() == QLatin1String("picHeader");
+    if (event->button() == Qt::RightButton && event->modifiers() == Qt::NoModifier && background) {
+        mnuLogicCategories_->popup(event->globalPosition().toPoint());
+    }
+}
+
+void formPLG::closeEvent(QCloseEvent* event) {
+    editor_.Form_Unload();
+    for (QWidget* other : QApplication::topLevelWidgets()) {
+        if (other != this && other->isWindow() && other->isVisible()) {
+            other->close();
+        }
+    }
+    editor_.Form_Terminate();
+    event->accept();
+    QApplication::quit();
+}
+
+} // namespace brindle

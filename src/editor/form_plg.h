@@ -1,0 +1,67 @@
+#pragma once
+
+#include "editor/editor.h"
+
+#include <QMainWindow>
+
+#include <array>
+
+class QAction;
+class QHBoxLayout;
+class QLabel;
+class QMenu;
+class QPushButton;
+
+namespace brindle {
+
+class StripLabelWidget;
+class UnitDiagramWidget;
+
+/// The main window: the menu bar, the group and unit strips and the diagram of one unit. Every command is the
+/// editor's; the window copies the editor's views onto its controls.
+class formPLG : public QMainWindow {
+    Q_OBJECT
+  public:
+    /// `editor` outlives the window.
+    explicit formPLG(Editor& editor);
+
+    /// Loads the editor (Form_Load) and shows the window as its stored placement says.
+    void LoadAndShow();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+  private:
+    EditorWindow WindowForEditor();
+    PlacedForm PlacementForEditor();
+
+    void FitToScreen();
+    void BuildMenus();
+    void ConnectMenus();
+    QAction* Action(const QString& name) const;
+    /// Gives a menu item its command; an item without one stays disabled.
+    void Connect(const QString& name, std::function<void()> command);
+
+    QWidget* BuildHeader(QWidget* parent);
+    QHBoxLayout* BuildGroupStrip(QWidget* parent);
+    QHBoxLayout* BuildUnitStrip(QWidget* parent);
+
+    void ShowCategories();
+    void ShowUnit(UnitRedraw redraw);
+
+    Editor& editor_;
+    bool loaded_ = false;
+    Qt::WindowStates restoredState_ = Qt::WindowNoState;
+
+    QMenu* mnuLogicCategories_ = nullptr;
+    QLabel* lblGroup_ = nullptr;
+    QLabel* lblTimerLatchUnit_ = nullptr;
+    QLabel* lblSelectedInput_ = nullptr;
+    std::array<StripLabelWidget*, MaxGroups> lblGroupNumber_{};
+    std::array<StripLabelWidget*, UnitsPerGroup> lblUnit_{};
+    UnitDiagramWidget* diagram_ = nullptr;
+};
+
+} // namespace brindle

@@ -1,0 +1,86 @@
+#include "editor/form_plg.h"
+#include "editor/menu_tree.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <utility>
+
+/// The menu bar of the main window: built from the menu tree, connected to the editor's commands.
+namespace brindle {
+
+void formPLG::BuildMenus() {
+    std::map<std::string, QMenu*> menus;
+    for (const MenuEntry& entry : MenuTree()) {
+        const QString name = QString::fromStdString(entry.Name);
+        const QString caption = QString::fromStdString(entry.Caption);
+        if (entry.Kind == MenuEntryKind::Menu) {
+            QMenu* menu =
+                entry.Parent.empty() ? menuBar()->addMenu(caption) : menus.at(entry.Parent)->addMenu(caption);
+            menu->setObjectName(name);
+            menus[entry.Name] = menu;
+            continue;
+        }
+        auto* action = new QAction(caption, this);
+        action->setObjectName(name);
+        action->setSeparator(entry.Kind == MenuEntryKind::Separator);
+        action->setCheckable(entry.Checkable);
+        action->setVisible(entry.Visible);
+        action->setEnabled(false); // until a command is connected
+        menus.at(entry.Parent)->addAction(action);
+    }
+    for (const auto& [name, menu] : menus) {
+        menu->menuAction()->setEnabled(!menu->isEmpty());
+    }
+    mnuLogicCategories_ = menus.at("mnuLogicCategories");
+}
+
+QAction* formPLG::Action(const QString& name) const {
+    return findChild<QAction*>(name);
+}
+
+void formPLG::Connect(const QString& name, std::function<void()> command) {
+    QAction* action = Action(name);
+    action->setEnabled(true);
+    connect(action, &QAction::triggered, this, [command = std::move(command)] { command(); });
+}
+
+void formPLG::ConnectMenus() {
+    Connect(QStringLiteral("mnuNewFileVer100"), [this] { editor_.mnuNewFileVer100_Click(); });
+    Connect(QStringLiteral("mnuNewFileVer230"), [this] { editor_.mnuNewFileVer230_Click(); });
+    Connect(QStringLiteral("mnuOpenBin"), [this] { editor_.mnuOpenBin_Click(); });
+    Connect(QStringLiteral("mnuFileSave"), [this] { editor_.mnuFileSave_Click(); });
+    Connect(QStringLiteral("mnuSaveBin"), [this] { editor_.mnuSaveBin_Click(); });
+    Connect(QStringLiteral("mnuExit"), [this] { editor_.mnuExit_Click(); });
+    Connect(QStringLiteral("mnuShowNumbers"), [this] {
+        editor_.mnuShowNumbers_Click();
+        Action(QStringLiteral("mnuShowNumbers"))->setChecked(editor_.NumbersChecked());
+    });
+    for (int group = 1; group <= MaxGroups; ++group) {
+        Connect(QString::fromStdString(ElementName("mnuGroup", group)),
+                [this, group] { editor_.mnuGroup_Click(group); });
+    }
+    for (int unit = 1; unit <= UnitsPerGroup; ++unit) {
+        Connect(QString::fromStdString(ElementName("mnuTimerLatch", unit)),
+                [this, unit] { editor_.mnuTimerLatch_Click(unit); });
+    }
+    Action(QStringLiteral("mnuOpenBin"))->setShortcut(QKeySequence::Open);
+    Action(QStringLiteral("mnuFileSave"))->setShortcut(QKeySequence::Save);
+    Action(QStringLiteral("mnuSaveBin"))->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+}
+
+void formPLG::ShowCategories() {
+    const std::vector<CategoryEntry>& categories = editor_.Catalogue().Categories;
+    for (int index = 0; index < CategoryItems; ++index) {
+        QAction* item = Action(QString::fromStdString(ElementName("mnuLogicCategoriesCategory", index)));
+        const auto position = static_cast<std::size_t>(index);
+        const bool known = position < categories.size();
+        item->setVisible(known && categories[position].Visible);
+        if (known) {
+            item->setText(QString::fromStdString(categories[position].Caption));
+        }
+    }
+}
+
+} // namespace brindle
