@@ -1,0 +1,7 @@
+#include "platform/paths.h"
+
+namespace brindle {
+
+const PathStyle SystemPaths = PosixPaths;
+
+} // namespace brindle
