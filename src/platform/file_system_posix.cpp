@@ -1,0 +1,201 @@
+#include "platform/file_system.h"
+#include "platform/system_error.h"
+
+#include <climits>
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace brindle {
+
+namespace {
+
+constexpr mode_t PermissionBits = 07777;
+constexpr mode_t WriteBits = S_IWUSR | S_IWGRP | S_IWOTH;
+constexpr mode_t UsualMode = 0666; // less the user's mask
+constexpr int GreatestLinkDepth = 40;
+
+std::string FolderOf(const std::string& path) {
+    const std::size_t separator = path.rfind('/');
+    if (separator == std::string::npos) {
+        return ".";
+    }
+    return separator == 0 ? "/" : path.substr(0, separator);
+}
+
+bool IsFolder(const std::string& path) {
+    struct stat status {};
+
+    return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+/// The failure that errno tells of an operation on `path`. A missing file whose folder is missing too is a
+/// missing path.
+FileError Failure(const char* operation, const std::string& path) {
+    const int systemError = errno;
+    std::string source = std::string(operation) + " " + path;
+    if (systemError == ENOENT && !IsFolder(FolderOf(path))) {
+        return MakeFileError(PathNotFoundError, std::move(source));
+    }
+    return SystemFileError(systemError, std::move(source));
+}
+
+FileError Failure(const char* operation) {
+    return SystemFileError(errno, operation);
+}
+
+/// Names that the system would take for something else: empty, or cut at an embedded zero.
+bool IsIllegal(const std::string& path) {
+    return path.empty() || path.find('\0') != std::string::npos;
+}
+
+FileError IllegalName(const char* operation, const std::string& path) {
+    return MakeFileError(BadFileNameError, std::string(operation) + " " + std::string(path.c_str()));
+}
+
+FileType TypeOf(mode_t mode) {
+    if (S_ISREG(mode)) {
+        return FileType::Regular;
+    }
+    if (S_ISDIR(mode)) {
+        return FileType::Folder;
+    }
+    return S_ISCHR(mode) ? FileType::Device : FileType::Other;
+}
+
+FileError GetStatus(const std::string& path, FileStatus& status) {
+    status = {};
+    if (IsIllegal(path)) {
+        return IllegalName("look at", path);
+    }
+
+    struct stat found {};
+
+    if (::stat(path.c_str(), &found) != 0) {
+        return errno == ENOENT ? FileError{} : Failure("look at", path);
+    }
+    status.Type = TypeOf(found.st_mode);
+    status.Size = static_cast<std::uint64_t>(found.st_size);
+    status.Mode = found.st_mode & PermissionBits;
+    // A file without any write bit was marked read-only on purpose, which counts for the superuser too.
+    status.Writable = (found.st_mode & WriteBits) != 0 && ::access(path.c_str(), W_OK) == 0;
+    return {};
+}
+
+FileError FollowLinks(const std::string& path, std::string& target) {
+    if (IsIllegal(path)) {
+        return IllegalName("follow", path);
+    }
+    target = path;
+    for (int depth = 0; depth < GreatestLinkDepth; ++depth) {
+        std::string link(PATH_MAX, '\0');
+        const ssize_t length = ::readlink(target.c_str(), link.data(), link.size());
+        if (length < 0) {
+            return errno == EINVAL || errno == ENOENT ? FileError{} : Failure("follow", target);
+        }
+        link.resize(static_cast<std::size_t>(length));
+        target = link.front() == '/' ? link : FolderOf(target) + "/" + link;
+    }
+    errno = ELOOP;
+    return Failure("follow", path);
+}
+
+FileError Open(const char* operation, const std::string& path, int flags, mode_t mode, FileHandle& handle) {
+    if (IsIllegal(path)) {
+        return IllegalName(operation, path);
+    }
+    do {
+        // Without O_NONBLOCK, opening a pipe would keep us waiting for its other end.
+        handle = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, mode);
+    } while (handle < 0 && errno == EINTR);
+    return handle < 0 ? Failure(operation, path) : FileError{};
+}
+
+FileError CreateNew(const std::string& path, std::uint32_t mode, FileHandle& handle) {
+    FileError error = Open("create", path, O_WRONLY | O_CREAT | O_EXCL, UsualMode, handle);
+    // The mask does not apply to the mode of a file that is being replaced.
+    if (!error.Failed() && mode != 0 && ::fchmod(handle, mode) != 0) {
+        error = Failure("set the mode of", path);
+        ::close(handle);
+        ::unlink(path.c_str());
+    }
+    return error;
+}
+
+FileError Read(FileHandle handle, char* bytes, std::size_t size, std::size_t& got) {
+    ssize_t count = 0;
+    do {
+        count = ::read(handle, bytes, size);
+    } while (count < 0 && errno == EINTR);
+    got = count < 0 ? 0 : static_cast<std::size_t>(count);
+    return count < 0 ? Failure("read") : FileError{};
+}
+
+FileError Write(FileHandle handle, const char* bytes, std::size_t size) {
+    while (size > 0) {
+        const ssize_t count = ::write(handle, bytes, size);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
+            return Failure("write");
+        }
+        bytes += count;
+        size -= static_cast<std::size_t>(count);
+    }
+    return {};
+}
+
+FileError Flush(FileHandle handle) {
+    // Devices that keep nothing have nothing to flush.
+    return ::fsync(handle) == 0 || errno == EINVAL || errno == ENOTSUP ? FileError{} : Failure("flush");
+}
+
+FileError FlushFolder(const std::string& folder) {
+    FileHandle handle = -1;
+    FileError error = Open("open", folder, O_RDONLY | O_DIRECTORY, 0, handle);
+    if (error.Number == PermissionDeniedError) {
+        return {}; // a folder that may be written but not read cannot be flushed; the names in it are well
+    }
+    if (!error.Failed()) {
+        error = Flush(handle);
+        ::close(handle);
+    }
+    return error;
+}
+
+} // namespace
+
+FileSystem RealFileSystem() {
+    FileSystem files;
+    files.Status = GetStatus;
+    files.FollowLinks = FollowLinks;
+    files.OpenForReading = [](const std::string& path, FileHandle& handle) {
+        return Open("open", path, O_RDONLY, 0, handle);
+    };
+    files.Read = Read;
+    files.CreateNew = CreateNew;
+    files.OpenDevice = [](const std::string& path, FileHandle& handle) {
+        return Open("open", path, O_WRONLY, 0, handle);
+    };
+    files.Write = Write;
+    files.Flush = Flush;
+    files.Close = [](FileHandle handle) {
+        // An interrupted close has closed.
+        return ::close(handle) == 0 || errno == EINTR ? FileError{} : Failure("close");
+    };
+    files.Rename = [](const std::string& from, const std::string& to) {
+        return ::rename(from.c_str(), to.c_str()) == 0 ? FileError{} : Failure("rename to", to);
+    };
+    files.Remove = [](const std::string& path) {
+        return ::unlink(path.c_str()) == 0 ? FileError{} : Failure("remove", path);
+    };
+    files.FlushFolder = FlushFolder;
+    return files;
+}
+
+} // namespace brindle

@@ -1,0 +1,65 @@
+#include "settings/file_command.h"
+
+#include "settings/file_error_prompt.h"
+
+namespace brindle {
+
+namespace {
+
+void ShowGenericBox(const std::string& failedOperation, const FileError& error,
+                    const ShowMessageBox& showMessageBox) {
+    MessageBox box;
+    box.Text = failedOperation + "\r\nError number: " + std::to_string(error.Number) +
+               "\r\nError description: " + error.Description + "\r\nError Source: " + error.Source;
+    box.Icon = MessageIcon::Exclamation;
+    showMessageBox(box);
+}
+
+/// Runs one step until it went well or its failure is settled.
+FileOutcome RunStep(const FileStep& step, const std::string& failedOperation,
+                    const ShowMessageBox& showMessageBox) {
+    FileError error = step();
+    while (error.Failed()) {
+        switch (FileErrorPrompt(error.Number, showMessageBox)) {
+        case FileAction::Retry:
+            error = step();
+            break;
+        case FileAction::Skip:
+            return FileOutcome::Skipped;
+        case FileAction::GiveUp:
+            return FileOutcome::Ended;
+        case FileAction::Overwrite:
+            // Agreed: tried once more and not asked about again, but a failure is never kept from the user.
+            error = step();
+            if (!error.Failed()) {
+                return FileOutcome::Done;
+            }
+            [[fallthrough]];
+        case FileAction::NotRecognised:
+            ShowGenericBox(failedOperation, error, showMessageBox);
+            return FileOutcome::Ended;
+        }
+    }
+    return FileOutcome::Done;
+}
+
+} // namespace
+
+FileOutcome RunFileCommand(const std::vector<FileStep>& steps, const std::string& failedOperation,
+                           const ShowMessageBox& showMessageBox) {
+    FileOutcome outcome = FileOutcome::Done;
+    for (const FileStep& step : steps) {
+        switch (RunStep(step, failedOperation, showMessageBox)) {
+        case FileOutcome::Ended:
+            return FileOutcome::Ended;
+        case FileOutcome::Skipped:
+            outcome = FileOutcome::Skipped;
+            break;
+        case FileOutcome::Done:
+            break;
+        }
+    }
+    return outcome;
+}
+
+} // namespace brindle
