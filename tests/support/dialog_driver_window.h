@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QString>
+#include <QTimer>
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+class QFileDialog;
+class QMessageBox;
+
+namespace brindle {
+
+/// What a message box said when it was answered.
+struct SeenMessage {
+    std::string Title;
+    std::string Text; ///< lines separated by LF
+    bool Exclamation = false;
+    std::vector<std::string> Buttons; ///< their captions without access keys
+};
+
+/// What a file dialog was set to when it was answered.
+struct SeenFileDialog {
+    std::string Title;
+    std::string Folder;
+    std::vector<std::string> Filters;
+    std::string SelectedName; ///< name in its edit line
+};
+
+/// Answers the modal boxes and dialogs that a test's actions open, in the order in which the answers were
+/// given here. A dialog that nobody expected is closed and fails the test; so does an answer that nobody
+/// asked for.
+class DialogDriver {
+  public:
+    DialogDriver();
+    ~DialogDriver();
+
+    DialogDriver(const DialogDriver&) = delete;
+    DialogDriver& operator=(const DialogDriver&) = delete;
+    DialogDriver(DialogDriver&&) = delete;
+    DialogDriver& operator=(DialogDriver&&) = delete;
+
+    void PressButton(const std::string& caption); ///< of the next message box
+    void PressEscape();                           ///< in the next message box
+    void ChooseFile(const std::string& name); ///< types a name or path into the next file dialog and accepts
+    void CancelFile();                        ///< of the next file dialog
+
+    std::vector<SeenMessage> Messages;
+    std::vector<SeenFileDialog> FileDialogs;
+
+  private:
+    enum class AnswerKind { Button, Escape, File, NoFile };
+
+    struct Answer {
+        AnswerKind Kind;
+        std::string Text;
+    };
+
+    void Look();
+    void AnswerMessage(QMessageBox& box);
+    void AnswerFileDialog(QFileDialog& dialog);
+
+    QTimer timer_;
+    std::deque<Answer> answers_;
+    bool accepting_ = false;
+};
+
+} // namespace brindle
