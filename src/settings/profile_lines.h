@@ -17,9 +17,8 @@ struct ProfileLine {
     std::size_t Begin = 0;
     std::size_t Next = 0; ///< where the next line begins: after this one's LF, or the text's end
     ProfileLineKind Kind = ProfileLineKind::Other;
-    std::string_view Name; ///< of a section or key
-    std::string_view
-        Value; ///< of a key: what stands after its "=", quotes included; a part of the text even if empty
+    std::string_view Name;  ///< of a section or key
+    std::string_view Value; ///< of a key, quotes included; points into the text even where it is empty
 };
 
 /// The line that begins at `begin`, which is less than the text's size.

@@ -157,6 +157,18 @@ TEST_F(Placement, APlaceBeyondTheScreenGoesToItsTopOrLeftEdge) {
     EXPECT_EQ((FormBounds{0, 0, 7500, 10500}), desk_.Bounds);
 }
 
+TEST_F(Placement, NumbersAtTheEndsOfTheirRangeAreBeyondTheScreen) {
+    constexpr int least = std::numeric_limits<int>::min();
+    constexpr int greatest = std::numeric_limits<int>::max();
+    profile_.Text = Stored(0, {greatest, greatest, greatest, greatest});
+    Restore();
+    EXPECT_EQ((FormBounds{0, 0, greatest, greatest}), desk_.Bounds);
+    profile_.Text = Stored(0, {least, least, least, least});
+    desk_.Bounds = {100, 200, 6000, 9000};
+    Restore();
+    EXPECT_EQ((FormBounds{0, 0, 6000, 9000}), desk_.Bounds);
+}
+
 TEST_F(Placement, AFormOfFixedSizeIsKeptOnTheScreenByItsOwnSize) {
     profile_.Text = Stored(0, {5000, 10000, 7500, 10500});
     Restore(false);
