@@ -44,12 +44,21 @@ void DialogDriver::CancelFile() {
 }
 
 void DialogDriver::Look() {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (auto* box = qobject_cast<QMessageBox*>(modal)) {
-        AnswerMessage(*box);
-    } else if (auto* dialog = qobject_cast<QFileDialog*>(modal); dialog != nullptr && !accepting_) {
-        AnswerFileDialog(*dialog);
+    QPointer<QWidget> modal = QApplication::activeModalWidget();
+    if (modal.isNull() || answering_ == modal) {
+        return;
     }
+    // Answered from a call of its own: a timer does not fire again inside its own handler, and an answer may
+    // open the next box before it returns.
+    answering_ = modal;
+    QTimer::singleShot(0, modal, [this, modal] {
+        if (auto* box = qobject_cast<QMessageBox*>(modal.data())) {
+            AnswerMessage(*box);
+        } else if (auto* dialog = qobject_cast<QFileDialog*>(modal.data())) {
+            AnswerFileDialog(*dialog);
+        }
+        answering_ = nullptr;
+    });
 }
 
 void DialogDriver::AnswerMessage(QMessageBox& box) {
@@ -58,7 +67,7 @@ void DialogDriver::AnswerMessage(QMessageBox& box) {
     seen.Text = box.text().toStdString();
     seen.Exclamation = box.icon() == QMessageBox::Warning;
     for (const QAbstractButton* button : box.buttons()) {
-        seen.Buttons.push_back(Plain(button->text()));
+        seen.Buttons.insert(Plain(button->text()));
     }
     Messages.push_back(seen);
 
@@ -104,10 +113,7 @@ void DialogDriver::AnswerFileDialog(QFileDialog& dialog) {
         return;
     }
     name->setText(QString::fromStdString(answer.Text));
-    // Accepting may ask a question of its own before it returns.
-    accepting_ = true;
     QTest::keyClick(name, Qt::Key_Return);
-    accepting_ = false;
 }
 
 } // namespace brindle

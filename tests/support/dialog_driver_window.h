@@ -1,10 +1,13 @@
 #pragma once
 
+#include <QPointer>
 #include <QString>
 #include <QTimer>
+#include <QWidget>
 
 #include <deque>
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,7 +21,7 @@ struct SeenMessage {
     std::string Title;
     std::string Text; ///< lines separated by LF
     bool Exclamation = false;
-    std::vector<std::string> Buttons; ///< their captions without access keys
+    std::set<std::string> Buttons; ///< their captions without access keys
 };
 
 /// What a file dialog was set to when it was answered.
@@ -64,7 +67,7 @@ class DialogDriver {
 
     QTimer timer_;
     std::deque<Answer> answers_;
-    bool accepting_ = false;
+    QPointer<QWidget> answering_; ///< the dialog whose answer is under way
 };
 
 } // namespace brindle
