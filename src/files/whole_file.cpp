@@ -11,6 +11,14 @@ namespace {
 
 constexpr int GreatestBesideNumber = 100; // files left beside by earlier, killed savers
 
+/// An operation on a handle knows no path: names the file in its error, as the user knows it.
+FileError OfFile(FileError error, const std::string& path) {
+    if (error.Failed()) {
+        error.Source += " " + path;
+    }
+    return error;
+}
+
 FileError ReadAll(const FileSystem& files, FileHandle handle, std::size_t limit, std::string& bytes) {
     std::array<char, 16384> buffer{};
     while (bytes.size() < limit) {
@@ -98,18 +106,18 @@ FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::s
     if (error.Failed()) {
         bytes.clear();
     }
-    return error;
+    return OfFile(error, path);
 }
 
 FileError ReplaceWholeFile(const FileSystem& files, const std::string& path, std::string_view bytes) {
-    std::string target;
     FileStatus status;
-    FileError error = files.FollowLinks(path, target);
-    if (!error.Failed()) {
-        error = files.Status(target, status);
-    }
+    FileError error = files.Status(path, status);
     if (!error.Failed()) {
         error = CheckTarget(path, status);
+    }
+    std::string target;
+    if (!error.Failed()) {
+        error = files.FollowLinks(path, target);
     }
     if (error.Failed()) {
         return error;
@@ -117,7 +125,7 @@ FileError ReplaceWholeFile(const FileSystem& files, const std::string& path, std
     FileHandle handle = -1;
     if (status.Type == FileType::Device) {
         error = files.OpenDevice(target, handle);
-        return error.Failed() ? error : WriteAndClose(files, handle, bytes);
+        return error.Failed() ? error : OfFile(WriteAndClose(files, handle, bytes), path);
     }
     const std::string folder = Get_File_Name_Parts(target).Folder;
     std::string beside;
@@ -125,7 +133,7 @@ FileError ReplaceWholeFile(const FileSystem& files, const std::string& path, std
     if (error.Failed()) {
         return error;
     }
-    error = WriteAndClose(files, handle, bytes);
+    error = OfFile(WriteAndClose(files, handle, bytes), path);
     if (!error.Failed()) {
         error = files.Rename(beside, target);
     }

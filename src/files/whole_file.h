@@ -17,9 +17,15 @@ FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::s
 
 /// Makes `bytes` the whole content of the file at `path`, or leaves the old file as it was: the bytes are
 /// written to a new file beside it, flushed to the disk and renamed over it, and the folder is flushed. Links
-/// are followed, the old file's mode is kept. A file marked read-only is PermissionDeniedError; a folder that
-/// does not let us create a file, and a `path` that is a folder, are PathAccessError; a missing folder is
-/// PathNotFoundError. A device is written in place. No failure leaves the file beside behind.
+/// are followed (a dangling one creates its target), the old file's mode is kept. A file marked read-only is
+/// PermissionDeniedError; a folder that does not let us create or rename a file, and a `path` that is a
+/// folder, are PathAccessError; a missing folder is PathNotFoundError; a pipe or a disk is
+/// DeviceUnavailableError. A terminal or another device of characters is written in place. No failure leaves
+/// the file beside behind, as long as it can be removed.
+///
+/// After a failure the file at `path` is the old one, with one exception that cannot be undone: when only the
+/// flush of the folder failed, the new file is in place, whole, but a power failure may bring the old one
+/// back, whole. The save is not assured, so this too is returned as a failure; saving again is harmless.
 FileError ReplaceWholeFile(const FileSystem& files, const std::string& path, std::string_view bytes);
 
 } // namespace brindle

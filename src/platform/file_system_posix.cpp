@@ -4,11 +4,10 @@
 #include <climits>
 
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace brindle {
 
@@ -64,6 +63,7 @@ FileType TypeOf(mode_t mode) {
     if (S_ISDIR(mode)) {
         return FileType::Folder;
     }
+    // Not a disk: a file saved onto one by mistake would destroy it.
     return S_ISCHR(mode) ? FileType::Device : FileType::Other;
 }
 
@@ -109,16 +109,25 @@ FileError Open(const char* operation, const std::string& path, int flags, mode_t
         return IllegalName(operation, path);
     }
     do {
-        // Without O_NONBLOCK, opening a pipe would keep us waiting for its other end.
-        handle = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, mode);
+        // Without O_NONBLOCK, opening a pipe would keep us waiting for its other end; without O_NOCTTY, a
+        // terminal could become ours and end us when it hangs up.
+        handle = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode);
     } while (handle < 0 && errno == EINTR);
     return handle < 0 ? Failure(operation, path) : FileError{};
 }
 
+/// Gives a new file the exact mode of the one it is to replace, to which the user's mask does not apply. File
+/// systems that hold no modes refuse to set them, so one that is right already is left alone.
+bool SetMode(FileHandle handle, mode_t mode) {
+    struct stat status {};
+
+    return (::fstat(handle, &status) == 0 && (status.st_mode & PermissionBits) == mode) ||
+           ::fchmod(handle, mode) == 0;
+}
+
 FileError CreateNew(const std::string& path, std::uint32_t mode, FileHandle& handle) {
-    FileError error = Open("create", path, O_WRONLY | O_CREAT | O_EXCL, UsualMode, handle);
-    // The mask does not apply to the mode of a file that is being replaced.
-    if (!error.Failed() && mode != 0 && ::fchmod(handle, mode) != 0) {
+    FileError error = Open("create", path, O_WRONLY | O_CREAT | O_EXCL, mode == 0 ? UsualMode : mode, handle);
+    if (!error.Failed() && mode != 0 && !SetMode(handle, mode)) {
         error = Failure("set the mode of", path);
         ::close(handle);
         ::unlink(path.c_str());
@@ -141,7 +150,10 @@ FileError Write(FileHandle handle, const char* bytes, std::size_t size) {
         if (count < 0 && errno == EINTR) {
             continue;
         }
-        if (count < 0) {
+        if (count == 0) {
+            errno = EIO; // taken nothing and said nothing: trying again might never end
+        }
+        if (count <= 0) {
             return Failure("write");
         }
         bytes += count;
@@ -168,6 +180,27 @@ FileError FlushFolder(const std::string& folder) {
     return error;
 }
 
+FileError Rename(const std::string& from, const std::string& to) {
+    if (IsIllegal(from) || IsIllegal(to)) {
+        return IllegalName("rename to", to);
+    }
+    if (::rename(from.c_str(), to.c_str()) == 0) {
+        return {};
+    }
+    // Renaming changes the folder and asks nothing of the files: it is the folder that refuses.
+    if (errno == EACCES || errno == EPERM) {
+        return MakeFileError(PathAccessError, "rename to " + to);
+    }
+    return Failure("rename to", to);
+}
+
+FileError Remove(const std::string& path) {
+    if (IsIllegal(path)) {
+        return IllegalName("remove", path);
+    }
+    return ::unlink(path.c_str()) == 0 ? FileError{} : Failure("remove", path);
+}
+
 } // namespace
 
 FileSystem RealFileSystem() {
@@ -188,12 +221,8 @@ FileSystem RealFileSystem() {
         // An interrupted close has closed.
         return ::close(handle) == 0 || errno == EINTR ? FileError{} : Failure("close");
     };
-    files.Rename = [](const std::string& from, const std::string& to) {
-        return ::rename(from.c_str(), to.c_str()) == 0 ? FileError{} : Failure("rename to", to);
-    };
-    files.Remove = [](const std::string& path) {
-        return ::unlink(path.c_str()) == 0 ? FileError{} : Failure("remove", path);
-    };
+    files.Rename = Rename;
+    files.Remove = Remove;
     files.FlushFolder = FlushFolder;
     return files;
 }

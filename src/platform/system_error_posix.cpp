@@ -55,9 +55,9 @@ constexpr MappedError Mapped[] = {
 } // namespace
 
 FileError SystemFileError(int systemError, std::string source) {
-    const auto* row = std::find_if(std::begin(Mapped), std::end(Mapped), [systemError](const MappedError& mapped) {
-        return mapped.SystemError == systemError;
-    });
+    const auto* row =
+        std::find_if(std::begin(Mapped), std::end(Mapped),
+                     [systemError](const MappedError& mapped) { return mapped.SystemError == systemError; });
     if (row == std::end(Mapped)) {
         return {InternalError, std::generic_category().message(systemError), std::move(source)};
     }

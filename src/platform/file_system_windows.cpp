@@ -1,0 +1,215 @@
+#include "platform/file_system.h"
+#include "platform/system_error.h"
+#include "platform/wide_text_windows.h"
+
+#define WIN32_LEAN_AND_MEAN
+#include <algorithm>
+#include <cstdint>
+#include <windows.h>
+
+namespace brindle {
+
+namespace {
+
+constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::size_t GreatestTransfer = 1U << 30U; // the system counts a transfer in 32 bits
+
+/// The failure that GetLastError() tells.
+FileError Failure(const char* operation, const std::string& path = {}) {
+    const auto systemError = static_cast<int>(GetLastError());
+    return SystemFileError(systemError, path.empty() ? operation : operation + (" " + path));
+}
+
+/// Names that the system would take for something else: empty, or cut at an embedded zero.
+bool IsIllegal(const std::string& path) {
+    return path.empty() || path.find('\0') != std::string::npos;
+}
+
+FileError IllegalName(const char* operation, const std::string& path) {
+    return MakeFileError(BadFileNameError, operation + (" " + std::string(path.c_str())));
+}
+
+// The system's handles have 32 significant bits, sign-extended, so that 32- and 64-bit programs can share
+// them.
+FileHandle Narrow(HANDLE handle) {
+    return static_cast<FileHandle>(reinterpret_cast<std::intptr_t>(handle));
+}
+
+HANDLE Widen(FileHandle handle) {
+    return reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(handle));
+}
+
+bool IsAbsence(DWORD systemError) {
+    return systemError == ERROR_FILE_NOT_FOUND || systemError == ERROR_PATH_NOT_FOUND;
+}
+
+/// Whether the last name of a path is that of a device wherever it stands: NUL, CON, COM1 and the like.
+bool IsDevice(const std::wstring& path) {
+    std::wstring full(MAX_PATH, L'\0');
+    const DWORD length =
+        GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    return length > 0 && length < full.size() && full.compare(0, 4, L"\\\\.\\") == 0;
+}
+
+/// Opens `path` for questions about it, its links followed.
+HANDLE OpenToLookAt(const std::wstring& path) {
+    return CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, ShareAll, nullptr, OPEN_EXISTING,
+                       FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
+FileError GetStatus(const std::string& path, FileStatus& status) {
+    status = {};
+    if (IsIllegal(path)) {
+        return IllegalName("look at", path);
+    }
+    const std::wstring wide = WideText(path);
+    if (IsDevice(wide)) {
+        status.Type = FileType::Device;
+        status.Writable = true;
+        return {};
+    }
+    HANDLE handle = OpenToLookAt(wide);
+    if (handle == INVALID_HANDLE_VALUE) {
+        return IsAbsence(GetLastError()) ? FileError{} : Failure("look at", path);
+    }
+    BY_HANDLE_FILE_INFORMATION found{};
+    FileError error;
+    if (GetFileType(handle) != FILE_TYPE_DISK) {
+        status.Type = FileType::Other;
+    } else if (GetFileInformationByHandle(handle, &found) == 0) {
+        error = Failure("look at", path);
+    } else {
+        const bool folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        status.Type = folder ? FileType::Folder : FileType::Regular;
+        status.Size = static_cast<std::uint64_t>(found.nFileSizeHigh) << 32U | found.nFileSizeLow;
+        status.Writable = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) == 0;
+    }
+    CloseHandle(handle);
+    return error;
+}
+
+/// A link whose target is missing is PathNotFoundError here: the system tells where an open file lies, and
+/// a missing one cannot be opened.
+FileError FollowLinks(const std::string& path, std::string& target) {
+    if (IsIllegal(path)) {
+        return IllegalName("follow", path);
+    }
+    target = path;
+    const std::wstring wide = WideText(path);
+    const DWORD attributes = GetFileAttributesW(wide.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        return IsAbsence(GetLastError()) ? FileError{} : Failure("follow", path);
+    }
+    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+        return {};
+    }
+    HANDLE handle = OpenToLookAt(wide);
+    if (handle == INVALID_HANDLE_VALUE) {
+        const bool dangling = IsAbsence(GetLastError());
+        return dangling ? MakeFileError(PathNotFoundError, "follow " + path) : Failure("follow", path);
+    }
+    FileError error;
+    std::wstring full(GetFinalPathNameByHandleW(handle, nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
+    const DWORD length =
+        GetFinalPathNameByHandleW(handle, full.data(), static_cast<DWORD>(full.size()), FILE_NAME_NORMALIZED);
+    if (length == 0 || length >= full.size()) {
+        error = Failure("follow", path);
+    } else {
+        full.resize(length);
+        target = Utf8Text(full);
+    }
+    CloseHandle(handle);
+    return error;
+}
+
+FileError Open(const char* operation, const std::string& path, DWORD access, DWORD sharing, DWORD disposition,
+               FileHandle& handle) {
+    if (IsIllegal(path)) {
+        return IllegalName(operation, path);
+    }
+    HANDLE opened = CreateFileW(WideText(path).c_str(), access, sharing, nullptr, disposition,
+                                FILE_ATTRIBUTE_NORMAL, nullptr);
+    handle = Narrow(opened);
+    return opened == INVALID_HANDLE_VALUE ? Failure(operation, path) : FileError{};
+}
+
+FileError Read(FileHandle handle, char* bytes, std::size_t size, std::size_t& got) {
+    DWORD count = 0;
+    const auto wanted = static_cast<DWORD>(std::min(size, GreatestTransfer));
+    const bool well = ReadFile(Widen(handle), bytes, wanted, &count, nullptr) != 0;
+    got = well ? count : 0;
+    return well ? FileError{} : Failure("read");
+}
+
+FileError Write(FileHandle handle, const char* bytes, std::size_t size) {
+    while (size > 0) {
+        DWORD count = 0;
+        const auto wanted = static_cast<DWORD>(std::min(size, GreatestTransfer));
+        if (WriteFile(Widen(handle), bytes, wanted, &count, nullptr) == 0) {
+            return Failure("write");
+        }
+        if (count == 0) { // taken nothing and said nothing: trying again might never end
+            return MakeFileError(DeviceIoError, "write");
+        }
+        bytes += count;
+        size -= count;
+    }
+    return {};
+}
+
+FileError Flush(FileHandle handle) {
+    if (FlushFileBuffers(Widen(handle)) != 0) {
+        return {};
+    }
+    const auto systemError = static_cast<int>(GetLastError());
+    // Devices that keep nothing have nothing to flush.
+    const bool nothing = systemError == ERROR_INVALID_FUNCTION || systemError == ERROR_INVALID_HANDLE;
+    return nothing && GetFileType(Widen(handle)) != FILE_TYPE_DISK ? FileError{}
+                                                                   : SystemFileError(systemError, "flush");
+}
+
+FileError Rename(const std::string& from, const std::string& to) {
+    if (IsIllegal(from) || IsIllegal(to)) {
+        return IllegalName("rename to", to);
+    }
+    const DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    const bool well = MoveFileExW(WideText(from).c_str(), WideText(to).c_str(), flags) != 0;
+    return well ? FileError{} : Failure("rename to", to);
+}
+
+FileError Remove(const std::string& path) {
+    if (IsIllegal(path)) {
+        return IllegalName("remove", path);
+    }
+    return DeleteFileW(WideText(path).c_str()) != 0 ? FileError{} : Failure("remove", path);
+}
+
+} // namespace
+
+FileSystem RealFileSystem() {
+    FileSystem files;
+    files.Status = GetStatus;
+    files.FollowLinks = FollowLinks;
+    files.OpenForReading = [](const std::string& path, FileHandle& handle) {
+        return Open("open", path, GENERIC_READ, ShareAll, OPEN_EXISTING, handle);
+    };
+    files.Read = Read;
+    files.CreateNew = [](const std::string& path, std::uint32_t /*mode*/, FileHandle& handle) {
+        return Open("create", path, GENERIC_WRITE, 0, CREATE_NEW, handle);
+    };
+    files.OpenDevice = [](const std::string& path, FileHandle& handle) {
+        return Open("open", path, GENERIC_WRITE, ShareAll, OPEN_EXISTING, handle);
+    };
+    files.Write = Write;
+    files.Flush = Flush;
+    files.Close = [](FileHandle handle) {
+        return CloseHandle(Widen(handle)) != 0 ? FileError{} : Failure("close");
+    };
+    files.Rename = Rename;
+    files.Remove = Remove;
+    // MOVEFILE_WRITE_THROUGH has put the new name on the disk by the time that the renaming returns.
+    files.FlushFolder = [](const std::string& /*folder*/) { return FileError{}; };
+    return files;
+}
+
+} // namespace brindle
