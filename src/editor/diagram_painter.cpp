@@ -55,7 +55,7 @@ DiagramColours ColoursOf(const QPalette& palette) {
     colours.Symbol =
         dark ? Blend(base, QColor(60, 100, 160), 0.35) : Blend(base, QColor(200, 224, 250), 0.35);
     colours.Caption = text;
-    colours.Faint = Blend(text, base, 0.25);
+    colours.Field = dark ? Blend(base, text, 0.22) : base;
     return colours;
 }
 

@@ -20,7 +20,7 @@ struct DiagramColours {
     QColor Line;    ///< wires and outlines
     QColor Symbol;  ///< inside gates, timer and latch
     QColor Caption; ///< text in symbols
-    QColor Faint;   ///< text that stands back
+    QColor Field;   ///< inside an empty check box
 };
 
 DiagramColours ColoursOf(const QPalette& palette);

@@ -30,4 +30,16 @@ void SetResetPictureWidget::paintEvent(QPaintEvent* /*event*/) {
     DiagramPainter(painter, colours).DrawLogicPicture(area.adjusted(4, 4, -4, -4));
 }
 
+ClickLabelWidget::ClickLabelWidget(const QString& name, QWidget* parent) : QAbstractButton(parent) {
+    setObjectName(name);
+    setFocusPolicy(Qt::NoFocus); // the picture beside it has the keyboard
+    setCursor(Qt::PointingHandCursor);
+}
+
+void ClickLabelWidget::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text());
+}
+
 } // namespace brindle

@@ -25,4 +25,14 @@ class SetResetPictureWidget : public QAbstractButton {
     void paintEvent(QPaintEvent* event) override;
 };
 
+/// Text that is clicked like the picture beside it; wraps where it must.
+class ClickLabelWidget : public QAbstractButton {
+    Q_OBJECT
+  public:
+    ClickLabelWidget(const QString& name, QWidget* parent);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
 } // namespace brindle

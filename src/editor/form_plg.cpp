@@ -19,7 +19,7 @@ namespace brindle {
 
 namespace {
 
-constexpr QSize FirstSize(1120, 740); // pixels, where no placement is stored
+constexpr QSize FirstSize(1120, 740); // pixels, where no placement is stored and the screen has room
 constexpr QSize LeastSize(800, 600);
 
 QLabel* NewLabel(const char* name, QWidget* parent) {
@@ -71,7 +71,8 @@ void formPLG::FitToScreen() {
     scaledFont.setPointSizeF(form.FontSize);
     setFont(scaledFont);
     setMinimumSize(LeastSize * factor);
-    resize(static_cast<int>(form.Width), static_cast<int>(form.Height));
+    const QSize wanted(static_cast<int>(form.Width), static_cast<int>(form.Height));
+    resize(wanted.boundedTo(QApplication::primaryScreen()->availableSize()));
 }
 
 PlacedForm formPLG::PlacementForEditor() {
@@ -91,7 +92,9 @@ PlacedForm formPLG::PlacementForEditor() {
                           PixelsToTwips(width())};
     };
     form.Place = [this](const FormBounds& bounds) {
-        resize(TwipsToPixels(bounds.Width), TwipsToPixels(bounds.Height));
+        // A settings file may hold any number; no desktop is larger than all of its screens.
+        const QSize stored(TwipsToPixels(bounds.Width), TwipsToPixels(bounds.Height));
+        resize(stored.boundedTo(QApplication::primaryScreen()->virtualSize()));
         move(TwipsToPixels(bounds.Left), TwipsToPixels(bounds.Top));
     };
     form.Maximise = [this] { restoredState_ = Qt::WindowMaximized; };

@@ -3,23 +3,21 @@
 #include "editor/diagram_layout.h"
 #include "editor/editor.h"
 #include "editor/relay_output_map.h"
+#include "editor/unit_symbol_widget.h"
 #include "editor/unit_view.h"
 
 #include <QWidget>
 
 #include <array>
 #include <functional>
-#include <map>
 
-class QAbstractButton;
-class QCheckBox;
-class QGroupBox;
 class QLabel;
 class QLineEdit;
 
 namespace brindle {
 
 class InvertMarkWidget;
+class RelayOutputFrameWidget;
 
 /// The diagram of one unit: its controls, placed by the layout and filled from the view, over the drawn gates
 /// and wires. Decides nothing.
@@ -51,48 +49,22 @@ class UnitDiagramWidget : public QWidget {
   private:
     void CreateInputs();
     void CreateGates();
-    void CreateTimer();
-    void CreateLatch();
-    void CreateOutputFrame();
-    QLabel* NewLabel(const QString& name, Qt::Alignment alignment);
-    QLineEdit* NewTextBox(const QString& name);
     void CopyInputs(const UnitView& view);
-    void CopyTimer(const TimerView& timer, bool shown, UnitRedraw redraw);
-    void CopyLatch(const LatchView& latch, bool shown);
-    void CopyOutputs(const UnitView& view);
     void PlaceControls();
     void FitInputText(QLineEdit& box);
 
-    struct TimerControls {
-        QLabel* Label = nullptr;   ///< lblTimerPU
-        QLineEdit* Box = nullptr;  ///< txtTimerPU
-        QLabel* ReadOut = nullptr; ///< lblPUTime
-        QLabel* Symbol = nullptr;  ///< lblTPU
-    };
-
-    void CreateTimerSide(TimerControls& side, const QString& letters, const QString& caption);
-    static void CopyTimerSide(TimerControls& side, const std::string& symbol, const std::string& text,
-                              const std::string& readOut, bool shown, UnitRedraw redraw);
-
     UnitView view_;
     DiagramLayout layout_;
-    OutputMapLayout mapLayout_{};
 
     std::array<QLineEdit*, InputsPerUnit> txtPlo_{};
     std::array<QLabel*, InputsPerUnit> lblInputLine_{};
     std::array<InvertMarkWidget*, InputsPerUnit> shpInvert_{};
     std::array<QLabel*, GatesPerUnit> lblAND_{};
     QLabel* lblOR_ = nullptr;
-    TimerControls pickUp_;
-    TimerControls dropOut_;
-    QLabel* lblS_ = nullptr;
-    QLabel* lblR_ = nullptr;
-    QLabel* lblQ_ = nullptr;
-    QLabel* lblLSR_ = nullptr;
-    QAbstractButton* pctSetReset_ = nullptr;
-    QLabel* lblSetReset_ = nullptr;
-    QGroupBox* fraMapRelayOutput_ = nullptr;
-    std::map<int, QCheckBox*> cbxOutputMap_;
+    DelayControls pickUp_;
+    DelayControls dropOut_;
+    LatchControls latch_;
+    RelayOutputFrameWidget* fraMapRelayOutput_;
 };
 
 } // namespace brindle

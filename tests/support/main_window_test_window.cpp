@@ -2,6 +2,7 @@
 
 #include "platform/common_dialogs.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -61,6 +62,9 @@ std::string MainWindowTest::TextOf(const char* name) {
     }
     if (const auto* label = qobject_cast<QLabel*>(control)) {
         return label->text().toStdString();
+    }
+    if (const auto* button = qobject_cast<QAbstractButton*>(control)) {
+        return button->text().toStdString();
     }
     return qobject_cast<QLineEdit*>(control)->text().toStdString();
 }

@@ -157,6 +157,21 @@ TEST_F(UnitDiagramWindow, TabWalksTheInputsAndSelectsThem) {
     EXPECT_EQ(TextOf("lblSelectedInput"), "Connect Signal to:  G1 - T1:11");
 }
 
+TEST_F(UnitDiagramWindow, TabGoesFromTheLastInputToTheTimesOrTheOtherSide) {
+    Start();
+    Find<QLineEdit>("txtPlo(12)")->setFocus();
+    QTest::keyClick(Window->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(Window->focusWidget()->objectName(), QStringLiteral("txtTimerPU"));
+    QTest::keyClick(Window->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(Window->focusWidget()->objectName(), QStringLiteral("txtTimerDO"));
+    Choose("mnuTimerLatch(8)");
+    Find<QLineEdit>("txtPlo(12)")->setFocus();
+    QTest::keyClick(Window->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(Window->focusWidget()->objectName(), QStringLiteral("pctSetReset"));
+    QTest::keyClick(Window->focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(TheEditor->Shown().Unit, 7);
+}
+
 TEST_F(UnitDiagramWindow, TypingIntoAnInputHasNoEffect) {
     Start();
     QTest::keyClicks(Find<QLineEdit>("txtPlo(5)"), QStringLiteral("abc"));

@@ -1,0 +1,135 @@
+#include "editor/unit_symbol_widget.h"
+
+#include "editor/diagram_painter.h"
+#include "editor/diagram_parts_widget.h"
+#include "editor/strip_label_widget.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+#include <initializer_list>
+#include <utility>
+
+namespace brindle {
+
+namespace {
+
+QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+void SetVisible(std::initializer_list<QWidget*> controls, bool visible) {
+    for (QWidget* control : controls) {
+        control->setVisible(visible);
+    }
+}
+
+} // namespace
+
+QLabel* NewDiagramLabel(QWidget* parent, const QString& name, Qt::Alignment alignment, bool bold) {
+    auto* label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setAlignment(alignment | Qt::AlignVCenter);
+    label->setTextFormat(Qt::PlainText);
+    QFont font = label->font();
+    font.setBold(bold);
+    label->setFont(font);
+    return label;
+}
+
+QLineEdit* NewDiagramBox(QWidget* parent, const QString& name) {
+    auto* box = new QLineEdit(parent);
+    box->setObjectName(name);
+    box->setReadOnly(true);
+    box->setTextMargins(3, 0, 3, 0);
+    return box;
+}
+
+QPalette BoxPalette(const QPalette& base, Colour ground, bool idle) {
+    QPalette palette = base;
+    palette.setColor(QPalette::Base, ToQColor(ground));
+    palette.setColor(QPalette::Text, idle ? QColor(92, 98, 108) : QColor(16, 20, 28));
+    return palette;
+}
+
+DelayControls::DelayControls(QWidget* parent, const QString& letters, const QString& label)
+    : label_(NewDiagramLabel(parent, QStringLiteral("lblTimer") + letters, Qt::AlignLeft)),
+      box_(NewDiagramBox(parent, QStringLiteral("txtTimer") + letters)),
+      readOut_(
+          NewDiagramLabel(parent, QStringLiteral("lbl") + letters + QStringLiteral("Time"), Qt::AlignLeft)),
+      caption_(NewDiagramLabel(parent, QStringLiteral("lblT") + letters,
+                               letters == QLatin1String("PU") ? Qt::AlignLeft : Qt::AlignRight, true)) {
+    const QString limits = QStringLiteral("Timer Limits: 0 to 10 Minutes, in milli-Second Increaments");
+    label_->setText(label);
+    label_->setToolTip(limits);
+    box_->setToolTip(limits);
+    box_->setAccessibleName(label);
+    box_->setPalette(BoxPalette(parent->palette(), WhiteColour, false));
+}
+
+QWidget* DelayControls::TabAfter(QWidget* previous) {
+    QWidget::setTabOrder(previous, box_);
+    return box_;
+}
+
+void DelayControls::SetShown(bool shown) {
+    SetVisible({label_, box_, readOut_, caption_}, shown);
+}
+
+void DelayControls::Show(const std::string& caption, const std::string& text, const std::string& readOut,
+                         UnitRedraw redraw) {
+    caption_->setText(Text(caption));
+    if (redraw == UnitRedraw::Selected) {
+        box_->setText(Text(text));
+        readOut_->setText(Text(readOut));
+    }
+}
+
+void DelayControls::Place(const LayoutRect& label, const LayoutRect& box, const LayoutRect& readOut,
+                          const LayoutRect& caption) {
+    label_->setGeometry(ToPixels(label));
+    box_->setGeometry(ToPixels(box));
+    readOut_->setGeometry(ToPixels(readOut));
+    caption_->setGeometry(ToPixels(caption));
+}
+
+LatchControls::LatchControls(QWidget* parent, std::function<void()> onOtherSide)
+    : lblS_(NewDiagramLabel(parent, QStringLiteral("lblS"), Qt::AlignLeft)),
+      lblR_(NewDiagramLabel(parent, QStringLiteral("lblR"), Qt::AlignLeft)),
+      lblQ_(NewDiagramLabel(parent, QStringLiteral("lblQ"), Qt::AlignRight)),
+      lblLSR_(NewDiagramLabel(parent, QStringLiteral("lblLSR"), Qt::AlignHCenter, true)),
+      pctSetReset_(new SetResetPictureWidget(QStringLiteral("pctSetReset"), parent)),
+      lblSetReset_(new ClickLabelWidget(QStringLiteral("lblSetReset"), parent)) {
+    lblS_->setText(QStringLiteral("S"));
+    lblR_->setText(QStringLiteral("R"));
+    lblQ_->setText(QStringLiteral("Q"));
+    for (QAbstractButton* button : {pctSetReset_, lblSetReset_}) {
+        QObject::connect(button, &QAbstractButton::clicked, parent, onOtherSide);
+    }
+}
+
+QWidget* LatchControls::TabAfter(QWidget* previous) {
+    QWidget::setTabOrder(previous, pctSetReset_);
+    return pctSetReset_;
+}
+
+void LatchControls::SetShown(bool shown) {
+    SetVisible({lblS_, lblR_, lblQ_, lblLSR_, pctSetReset_, lblSetReset_}, shown);
+}
+
+void LatchControls::Show(const LatchView& view) {
+    lblLSR_->setText(Text(view.Caption));
+    lblSetReset_->setText(Text(view.OtherSideCaption));
+    pctSetReset_->setAccessibleName(Text(view.OtherSideCaption));
+}
+
+void LatchControls::Place(const LatchLayout& layout) {
+    lblS_->setGeometry(ToPixels(layout.Set));
+    lblR_->setGeometry(ToPixels(layout.Reset));
+    lblQ_->setGeometry(ToPixels(layout.Output));
+    lblLSR_->setGeometry(ToPixels(layout.Caption));
+    pctSetReset_->setGeometry(ToPixels(layout.OtherSidePicture));
+    lblSetReset_->setGeometry(ToPixels(layout.OtherSideCaption));
+}
+
+} // namespace brindle
