@@ -1,0 +1,44 @@
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+
+#include <cstdint>
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+
+/// Private to this folder, as every header that names the JSON library.
+namespace brindle {
+
+/// Takes values out of parsed JSON, each only as what it is asked to be. The first refusal is kept; from then
+/// on every routine returns false and fills nothing.
+class JsonFields {
+  public:
+    /// Why the JSON is refused, with the name of the field; empty as long as all is well.
+    [[nodiscard]] const std::string& Refusal() const { return refusal_; }
+
+    /// Whether the value at `path` is an object of exactly these fields, in any order.
+    bool Object(const nlohmann::json& value, const std::string& path,
+                std::initializer_list<std::string_view> fields);
+
+    /// Whether the value is a list of `size` elements.
+    bool List(const nlohmann::json& value, const std::string& path, std::size_t size);
+
+    /// Whether the value is a whole number from `least` to `most`.
+    bool Whole(const nlohmann::json& value, const std::string& path, std::int64_t least, std::int64_t most,
+               std::int64_t& number);
+
+    bool Text(const nlohmann::json& value, const std::string& path, std::string& text);
+
+    /// Takes a text of as many characters as `bytes` has, each the byte of the same value.
+    bool Bytes(const nlohmann::json& value, const std::string& path, std::span<char> bytes);
+
+    /// Notes a refusal of the value at `path`. Always false.
+    bool Refuse(const std::string& path, const std::string& reason);
+
+  private:
+    std::string refusal_;
+};
+
+} // namespace brindle

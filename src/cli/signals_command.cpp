@@ -1,0 +1,72 @@
+#include "cli/commands.h"
+#include "cli/complaint.h"
+#include "model/logic_config.h"
+#include "model/signal_catalogue.h"
+
+#include <algorithm>
+#include <array>
+#include <ostream>
+#include <string_view>
+
+namespace brindle {
+
+namespace {
+
+constexpr std::size_t ColumnCount = 6;
+using TableRow = std::array<std::string, ColumnCount>;
+
+constexpr std::array<bool, ColumnCount> FlushRight{true, true, false, false, false, false};
+constexpr std::string_view ColumnGap = "  ";
+
+std::string CategoryText(const SignalCatalogue& catalogue, std::int16_t category) {
+    if (category == NoCategory) {
+        return "-";
+    }
+    return std::to_string(category) + " " + catalogue.Categories.at(static_cast<std::size_t>(category)).Name;
+}
+
+std::vector<TableRow> SignalRows(const SignalCatalogue& catalogue) {
+    std::vector<TableRow> rows{{"Number", "Code", "Name", "Category", "Enabled", "Visible"}};
+    const std::size_t count = SignalCount(catalogue);
+    for (std::size_t number = 0; number < count; ++number) {
+        const SignalEntry& signal = catalogue.Signals.at(number);
+        rows.push_back({std::to_string(number), std::to_string(signal.Code), signal.Name,
+                        CategoryText(catalogue, signal.Category), signal.Enabled ? "yes" : "no",
+                        signal.Visible ? "yes" : "no"});
+    }
+    return rows;
+}
+
+std::string AlignedLine(const TableRow& row, const std::array<std::size_t, ColumnCount>& widths) {
+    std::string line;
+    for (std::size_t column = 0; column < ColumnCount; ++column) {
+        const std::string fill(widths.at(column) - row.at(column).size(), ' ');
+        const bool last = column + 1 == ColumnCount; // a line ends without blanks
+        line += column == 0 ? "" : ColumnGap;
+        line += FlushRight.at(column) ? fill + row.at(column) : row.at(column) + (last ? "" : fill);
+    }
+    return line;
+}
+
+} // namespace
+
+int SignalsCommand(const std::string& version, const CommandEnvironment& environment) {
+    if (version != "1.00" && version != "2.30") {
+        Complain(environment, "version \"" + version + "\" is neither 1.00 nor 2.30");
+        return ExitBadArguments;
+    }
+    const SignalCatalogue catalogue = BuildVdr812Catalogue(version == "1.00" ? Version100 : Version230);
+    const std::vector<TableRow> rows = SignalRows(catalogue);
+    std::array<std::size_t, ColumnCount> widths{};
+    for (const TableRow& row : rows) {
+        for (std::size_t column = 0; column < ColumnCount; ++column) {
+            widths.at(column) = std::max(widths.at(column), row.at(column).size());
+        }
+    }
+    for (const TableRow& row : rows) {
+        environment.Out << AlignedLine(row, widths) << '\n';
+    }
+    return ExitWell;
+}
+
+} // namespace brindle
