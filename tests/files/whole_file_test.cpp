@@ -1,0 +1,203 @@
+#include "files/whole_file.h"
+#include "support/fake_file_system.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace brindle {
+namespace {
+
+constexpr std::size_t NoLimit = std::numeric_limits<std::size_t>::max();
+constexpr const char* Path = "/home/x.pl";
+
+struct WholeFile : testing::Test {
+    WholeFile() { Disk.AddFolder("/home"); }
+
+    int Read(const std::string& path, std::size_t limit = NoLimit) {
+        Bytes = "from before";
+        return ReadWholeFile(Disk.Operations(), path, limit, Bytes).Number;
+    }
+
+    int Replace(const std::string& path, const std::string& bytes = "new") {
+        return ReplaceWholeFile(Disk.Operations(), path, bytes).Number;
+    }
+
+    FakeFileSystem Disk;
+    std::string Bytes;
+};
+
+using ReadingAWholeFile = WholeFile;
+using ReplacingAWholeFile = WholeFile;
+
+TEST_F(ReadingAWholeFile, YieldsEveryByte) {
+    std::string content(100'000, '\0');
+    for (std::size_t i = 0; i < content.size(); ++i) {
+        content[i] = static_cast<char>(i % 251);
+    }
+    Disk.AddFile(Path, content);
+    EXPECT_EQ(0, Read(Path));
+    EXPECT_EQ(content, Bytes);
+    EXPECT_EQ(0U, Disk.OpenHandles());
+}
+
+TEST_F(ReadingAWholeFile, StopsAtTheLimit) {
+    Disk.AddFile(Path, "abcdef");
+    EXPECT_EQ(0, Read(Path, 3));
+    EXPECT_EQ("abc", Bytes);
+    EXPECT_EQ(0, Read(Path, 6));
+    EXPECT_EQ("abcdef", Bytes);
+    EXPECT_EQ(0, Read(Path, 0));
+    EXPECT_EQ("", Bytes);
+}
+
+TEST_F(ReadingAWholeFile, OfNoBytesIsWell) {
+    Disk.AddFile(Path, "");
+    EXPECT_EQ(0, Read(Path));
+    EXPECT_EQ("", Bytes);
+}
+
+TEST_F(ReadingAWholeFile, FollowsLinks) {
+    Disk.AddFile("/home/real.pl", "content");
+    Disk.AddLink(Path, "real.pl");
+    EXPECT_EQ(0, Read(Path));
+    EXPECT_EQ("content", Bytes);
+}
+
+TEST_F(ReadingAWholeFile, TellsWhatStandsInItsWay) {
+    Disk.AddDevice("/home/device");
+    Disk.AddPipe("/home/pipe");
+    EXPECT_EQ(FileNotFoundError, Read("/home/none"));
+    EXPECT_EQ(PathNotFoundError, Read("/none/x.pl"));
+    EXPECT_EQ(PathAccessError, Read("/home"));
+    EXPECT_EQ(DeviceUnavailableError, Read("/home/device"));
+    EXPECT_EQ(DeviceUnavailableError, Read("/home/pipe"));
+    EXPECT_EQ(BadFileNameError, Read(""));
+    EXPECT_EQ("", Bytes);
+}
+
+TEST_F(ReadingAWholeFile, ThatFailsAtAnyStepYieldsNoBytesAndLeavesNothingOpen) {
+    Disk.AddFile(Path, "content");
+    ASSERT_EQ(0, Read(Path));
+    const std::size_t operations = Disk.Log().size();
+    for (std::size_t n = 1; n <= operations; ++n) {
+        Disk.FailOnce(n, DeviceIoError);
+        EXPECT_EQ(DeviceIoError, Read(Path)) << n;
+        EXPECT_EQ("", Bytes) << n;
+        EXPECT_EQ(0U, Disk.OpenHandles()) << n;
+    }
+}
+
+TEST_F(ReadingAWholeFile, NamesTheFileInTheErrorsOfItsHandle) {
+    Disk.AddFile(Path, "content");
+    Disk.FailAll("read", DeviceIoError);
+    EXPECT_EQ("read /home/x.pl", ReadWholeFile(Disk.Operations(), Path, NoLimit, Bytes).Source);
+}
+
+TEST_F(ReplacingAWholeFile, WritesBesideFlushesRenamesAndFlushesTheFolderInThisOrder) {
+    Disk.AddFile(Path, "old");
+    EXPECT_EQ(0, Replace(Path));
+    EXPECT_EQ(
+        (std::vector<std::string>{"status /home/x.pl", "follow /home/x.pl",
+                                  "create /home/.brindle-save-0.tmp", "write 3 bytes", "flush", "close",
+                                  "rename /home/.brindle-save-0.tmp to /home/x.pl", "flush folder /home/"}),
+        Disk.Log());
+    EXPECT_EQ("new", Disk.Content(Path));
+}
+
+TEST_F(ReplacingAWholeFile, MakesAFileThatWasNotThere) {
+    EXPECT_EQ(0, Replace(Path));
+    EXPECT_EQ("new", Disk.Content(Path));
+    EXPECT_EQ(0644U, Disk.Mode(Path));
+}
+
+TEST_F(ReplacingAWholeFile, ByNoBytesLeavesAnEmptyFile) {
+    Disk.AddFile(Path, "old");
+    EXPECT_EQ(0, Replace(Path, ""));
+    EXPECT_EQ("", Disk.Content(Path));
+}
+
+TEST_F(ReplacingAWholeFile, KeepsTheOldFilesMode) {
+    Disk.AddFile(Path, "old", 0600);
+    EXPECT_EQ(0, Replace(Path));
+    EXPECT_EQ(0600U, Disk.Mode(Path));
+}
+
+TEST_F(ReplacingAWholeFile, ReplacesTheFileThatALinkLeadsToAndKeepsTheLink) {
+    Disk.AddFolder("/other");
+    Disk.AddFile("/other/real.pl", "old", 0640);
+    Disk.AddLink("/home/second.pl", "/other/real.pl");
+    Disk.AddLink(Path, "second.pl");
+    EXPECT_EQ(0, Replace(Path));
+    EXPECT_EQ("new", Disk.Content("/other/real.pl"));
+    EXPECT_EQ(0640U, Disk.Mode("/other/real.pl"));
+    EXPECT_TRUE(Disk.IsLink(Path));
+    EXPECT_TRUE(Disk.IsLink("/home/second.pl"));
+    EXPECT_EQ("flush folder /other/", Disk.Log().back());
+}
+
+TEST_F(ReplacingAWholeFile, ThroughADanglingLinkCreatesItsTarget) {
+    Disk.AddFolder("/other");
+    Disk.AddLink(Path, "/other/real.pl");
+    EXPECT_EQ(0, Replace(Path));
+    EXPECT_TRUE(Disk.IsLink(Path));
+    EXPECT_EQ("new", Disk.Content("/other/real.pl"));
+}
+
+TEST_F(ReplacingAWholeFile, TellsWhatStandsInItsWayAndTouchesNothing) {
+    Disk.AddFile("/home/read-only.pl", "old", 0444);
+    Disk.AddFolder("/locked", 0555);
+    Disk.AddFile("/locked/x.pl", "old");
+    Disk.AddPipe("/home/pipe");
+    Disk.AddLink("/home/circle", "circle");
+    Disk.AddLink("/home/dangling", "/none/x.pl");
+    const std::vector<std::string> names = Disk.Names();
+    EXPECT_EQ(PermissionDeniedError, Replace("/home/read-only.pl"));
+    EXPECT_EQ(PathAccessError, Replace("/locked/x.pl"));
+    EXPECT_EQ(PathAccessError, Replace("/locked/new.pl"));
+    EXPECT_EQ(PathAccessError, Replace("/home"));
+    EXPECT_EQ(PathAccessError, Replace("/home/circle"));
+    EXPECT_EQ(PathNotFoundError, Replace("/none/x.pl"));
+    EXPECT_EQ(PathNotFoundError, Replace("/home/dangling"));
+    EXPECT_EQ(DeviceUnavailableError, Replace("/home/pipe"));
+    EXPECT_EQ(BadFileNameError, Replace(""));
+    EXPECT_EQ(names, Disk.Names());
+    EXPECT_EQ("old", Disk.Content("/home/read-only.pl"));
+    EXPECT_EQ("old", Disk.Content("/locked/x.pl"));
+}
+
+TEST_F(ReplacingAWholeFile, WritesADeviceInPlace) {
+    Disk.AddDevice("/home/device");
+    EXPECT_EQ(0, Replace("/home/device"));
+    EXPECT_EQ("new", Disk.Content("/home/device"));
+    Disk.FailAll("write", DiskFullError);
+    EXPECT_EQ(DiskFullError, Replace("/home/device"));
+    EXPECT_EQ(0U, Disk.OpenHandles());
+}
+
+TEST_F(ReplacingAWholeFile, PassesOverFilesLeftBesideByOthers) {
+    Disk.AddFile("/home/.brindle-save-0.tmp", "of another");
+    Disk.AddFile("/home/.brindle-save-1.tmp", "of a third");
+    EXPECT_EQ(0, Replace(Path));
+    EXPECT_EQ("new", Disk.Content(Path));
+    EXPECT_EQ("of another", Disk.Content("/home/.brindle-save-0.tmp"));
+    EXPECT_EQ("of a third", Disk.Content("/home/.brindle-save-1.tmp"));
+    EXPECT_FALSE(Disk.Content("/home/.brindle-save-2.tmp").has_value());
+}
+
+TEST_F(ReplacingAWholeFile, GivesUpWhenEveryNameBesideIsTakenAndDoesNotAskToOverwrite) {
+    Disk.AddFile(Path, "old");
+    Disk.FailAll("create", FileAlreadyExistsError);
+    EXPECT_EQ(PathAccessError, Replace(Path));
+    EXPECT_EQ("old", Disk.Content(Path));
+}
+
+TEST_F(ReplacingAWholeFile, NamesTheFileInTheErrorsOfItsHandle) {
+    Disk.FailAll("write", DiskFullError);
+    EXPECT_EQ("write 3 bytes /home/x.pl", ReplaceWholeFile(Disk.Operations(), Path, "new").Source);
+}
+
+} // namespace
+} // namespace brindle
