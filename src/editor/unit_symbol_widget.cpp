@@ -8,7 +8,6 @@
 #include <QLineEdit>
 
 #include <initializer_list>
-#include <utility>
 
 namespace brindle {
 
@@ -93,7 +92,7 @@ void DelayControls::Place(const LayoutRect& label, const LayoutRect& box, const 
     caption_->setGeometry(ToPixels(caption));
 }
 
-LatchControls::LatchControls(QWidget* parent, std::function<void()> onOtherSide)
+LatchControls::LatchControls(QWidget* parent, const std::function<void()>& onOtherSide)
     : lblS_(NewDiagramLabel(parent, QStringLiteral("lblS"), Qt::AlignLeft)),
       lblR_(NewDiagramLabel(parent, QStringLiteral("lblR"), Qt::AlignLeft)),
       lblQ_(NewDiagramLabel(parent, QStringLiteral("lblQ"), Qt::AlignRight)),

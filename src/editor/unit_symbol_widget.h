@@ -53,7 +53,7 @@ class DelayControls {
 class LatchControls {
   public:
     /// `onOtherSide` is called when the picture or its label is clicked.
-    LatchControls(QWidget* parent, std::function<void()> onOtherSide);
+    LatchControls(QWidget* parent, const std::function<void()>& onOtherSide);
 
     QWidget* TabAfter(QWidget* previous);
     void SetShown(bool shown);

@@ -1,0 +1,111 @@
+#include "editor/form_plg.h"
+#include "platform/common_dialogs.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QPalette>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <string>
+
+/// Takes the guide's pictures of the main window: guide_pictures EXAMPLES_FOLDER PICTURES_FOLDER [dark].
+/// Run by scripts/guide-pictures.
+namespace {
+
+using namespace brindle;
+
+struct Picture {
+    const char* Name;
+    const char* Example; ///< in the examples' folder; empty for a new file
+    int Group;
+    int Unit;
+    int Input; ///< selected by the user; 0 for the one that showing the unit selects
+    bool Numbers;
+    QSize Size;
+};
+
+constexpr QSize Usual(1000, 640);
+
+const Picture Pictures[] = {
+    {"main-window", "pilot_supervision.pl", 1, 1, 0, false, {1120, 740}},
+    {"timer-100", "pilot_supervision.pl", 1, 1, 2, false, Usual},
+    {"timer-230", "breaker_failure.pl", 1, 1, 0, false, Usual},
+    {"latch", "lockout.pl", 1, 8, 0, false, Usual},
+    {"latch-reset", "lockout.pl", 1, 7, 6, false, Usual},
+    {"numbers", "breaker_failure.pl", 1, 2, 0, true, Usual},
+    {"new-file", "", 1, 1, 0, false, {800, 600}},
+};
+
+void UseDarkPalette() {
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(45, 45, 48));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::AlternateBase, QColor(50, 50, 53));
+    dark.setColor(QPalette::Button, QColor(60, 60, 63));
+    dark.setColor(QPalette::ToolTipBase, QColor(60, 60, 63));
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        dark.setColor(role, Qt::white);
+        dark.setColor(QPalette::Disabled, role, Qt::gray);
+    }
+    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    QApplication::setPalette(dark);
+}
+
+bool Take(const Picture& picture, const std::string& examples, const QString& target) {
+    const QTemporaryDir programFolder;
+    EditorSurroundings surroundings;
+    surroundings.ProgramFolder = programFolder.path().toStdString();
+    surroundings.ProgramMajor = 1;
+    surroundings.Files = RealFileSystem();
+    surroundings.Profile = SystemProfile(surroundings.Files);
+    surroundings.Folders = RealFolders();
+    surroundings.ShowMessageBox = [](const MessageBox& box) {
+        std::fprintf(stderr, "%s\n", box.Text.c_str());
+        return MessageAnswer::Ok;
+    };
+    surroundings.RunFileDialog = [](const FileDialogRequest&) { return std::optional<FileDialogAnswer>(); };
+    surroundings.FileUsed = [](const std::string&, const std::string&, RelayKind) {};
+    if (*picture.Example != '\0') {
+        surroundings.CommandLine = examples + "/" + picture.Example;
+    }
+    Editor editor(surroundings);
+    editor.Form_Initialize();
+    formPLG window(editor);
+    window.LoadAndShow();
+    window.resize(picture.Size);
+    if (picture.Numbers) {
+        window.findChild<QAction*>(QStringLiteral("mnuShowNumbers"))->trigger();
+    }
+    editor.mnuGroup_Click(picture.Group);
+    editor.mnuTimerLatch_Click(picture.Unit);
+    if (picture.Input != 0) {
+        const QString box = QStringLiteral("txtPlo(%1)").arg(picture.Input);
+        window.findChild<QLineEdit*>(box)->setFocus(Qt::TabFocusReason);
+    }
+    QApplication::processEvents();
+    return window.grab().save(target + QLatin1Char('/') + QLatin1String(picture.Name) +
+                              QStringLiteral(".png"));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() < 3) {
+        std::fprintf(stderr, "guide_pictures EXAMPLES_FOLDER PICTURES_FOLDER [dark]\n");
+        return 2;
+    }
+    if (arguments.value(3) == QLatin1String("dark")) {
+        UseDarkPalette();
+    }
+    for (const Picture& picture : Pictures) {
+        if (!Take(picture, arguments.at(1).toStdString(), arguments.at(2))) {
+            return 1;
+        }
+    }
+    return 0;
+}
