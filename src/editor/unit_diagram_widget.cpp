@@ -154,6 +154,7 @@ void UnitDiagramWidget::FitInputText(QLineEdit& box) {
 }
 
 void UnitDiagramWidget::paintEvent(QPaintEvent* /*event*/) {
+    constexpr int frameInset = 2; // a group box draws its border inside its edge
     QPainter painter(this);
     const DiagramColours colours = ColoursOf(palette());
     painter.setRenderHint(QPainter::Antialiasing);
@@ -175,7 +176,9 @@ void UnitDiagramWidget::paintEvent(QPaintEvent* /*event*/) {
     }
     diagram.DrawWire(layout_.OrOutput);
     diagram.DrawOrGate(layout_.OrGate);
-    diagram.DrawWire(layout_.UnitOutput);
+    LayoutWire toFrame = layout_.UnitOutput;
+    toFrame.back().X += PixelsToTwips(frameInset);
+    diagram.DrawWire(toFrame);
     if (view_.LatchShown) {
         diagram.DrawWire(layout_.Latch.OtherSideWire);
         diagram.DrawBox(layout_.Latch.Symbol);
