@@ -119,7 +119,7 @@ FileError EncodeProgram(const LogicConfig& config, ProgramImage& image) {
     PutText(encoded, Text1Offset, config.Header.Text1);
     PutText(encoded, Text2Offset, config.Header.Text2);
     for (int group = 1; group <= config.GroupCount; ++group) {
-        const FileError error = EncodeInputs(config.Group(group), group, GroupOffset(group), encoded);
+        FileError error = EncodeInputs(config.Group(group), group, GroupOffset(group), encoded);
         if (error.Failed()) {
             return error;
         }

@@ -98,7 +98,7 @@ FileError FollowLinks(const std::string& path, std::string& target) {
             return errno == EINVAL || errno == ENOENT ? FileError{} : Failure("follow", target);
         }
         link.resize(static_cast<std::size_t>(length));
-        target = link.front() == '/' ? link : FolderOf(target) + "/" + link;
+        target = link.rfind('/', 0) == 0 ? link : FolderOf(target).append("/").append(link);
     }
     errno = ELOOP;
     return Failure("follow", path);

@@ -156,7 +156,7 @@ TEST(ProgramFile, HeadWordAndTextsAreCarriedThroughWithEveryByte) {
     std::string bytes = WithVersion("1.00  ");
     bytes.replace(14, 4, "\x80\x01\x02\x03");
     bytes.replace(18, 20, std::string("\0a\xFF text of ours, 20", 20));
-    bytes.replace(38, 20, std::string("\x93\0\0 another one \0\xE4 ", 20));
+    bytes.replace(38, 20, std::string("\x93\0\0 another one, \0\xE4 ", 20));
     const LogicConfig config = Decoded(bytes);
     EXPECT_EQ(static_cast<std::int32_t>(0x80010203U), config.Header.HeaderWord);
     EXPECT_EQ(bytes.substr(18, 20), TextOf(config.Header.Text1));

@@ -114,14 +114,15 @@ TEST_F(RealFiles, ANewFileHasTheModeAskedForWhateverTheMask) {
 TEST_F(RealFiles, BytesWrittenAreRead) {
     FileHandle handle = -1;
     ASSERT_FALSE(Files.CreateNew(Folder.Path("x"), 0, handle).Failed());
-    EXPECT_FALSE(Files.Write(handle, "a\0b", 3).Failed());
+    const std::string written("a\0b", 3);
+    EXPECT_FALSE(Files.Write(handle, written.data(), written.size()).Failed());
     EXPECT_FALSE(Files.Flush(handle).Failed());
     EXPECT_FALSE(Files.Close(handle).Failed());
     ASSERT_FALSE(Files.OpenForReading(Folder.Path("x"), handle).Failed());
     std::array<char, 8> bytes{};
     std::size_t got = 0;
     EXPECT_FALSE(Files.Read(handle, bytes.data(), bytes.size(), got).Failed());
-    EXPECT_EQ(std::string("a\0b", 3), std::string(bytes.data(), got));
+    EXPECT_EQ(written, std::string(bytes.data(), got));
     EXPECT_FALSE(Files.Read(handle, bytes.data(), bytes.size(), got).Failed());
     EXPECT_EQ(0U, got);
     EXPECT_EQ(54, Files.Write(handle, "c", 1).Number);
