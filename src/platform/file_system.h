@@ -8,7 +8,13 @@
 
 namespace brindle {
 
-enum class FileType { Absent, Regular, Folder, Device, Other };
+enum class FileType {
+    Absent,
+    Regular,
+    Folder,
+    Device, ///< of characters: a terminal, a port, the null device
+    Other   ///< a pipe, a socket, a disk: nothing to read or write a file's content from or to
+};
 
 /// What is at a path, links followed.
 struct FileStatus {
@@ -36,7 +42,7 @@ struct FileSystem {
     std::function<FileError(FileHandle handle, char* bytes, std::size_t size, std::size_t& got)> Read;
 
     /// Creates a file that must not exist (else FileAlreadyExistsError), with permission bits `mode` (0: the
-    /// system's usual ones).
+    /// system's usual ones). When it fails, it leaves nothing behind.
     std::function<FileError(const std::string& path, std::uint32_t mode, FileHandle& handle)> CreateNew;
 
     /// Opens an existing device for writing in place.
@@ -51,7 +57,8 @@ struct FileSystem {
     /// Closes the handle, also when it fails.
     std::function<FileError(FileHandle handle)> Close;
 
-    /// Puts `from` in the place of `to`, replacing it in one step.
+    /// Puts `from` in the place of `to`, replacing it in one step. A folder that does not let us is
+    /// PathAccessError.
     std::function<FileError(const std::string& from, const std::string& to)> Rename;
 
     std::function<FileError(const std::string& path)> Remove;
