@@ -125,7 +125,7 @@ void ReadLogic(JsonFields& fields, const json& value, LogicConfig& config) {
 
 std::string LogicFromJson(std::string_view text, LogicConfig& config) {
     json value;
-    const std::string fault = ParseJson(text, value);
+    std::string fault = ParseJson(text, value);
     if (!fault.empty()) {
         return fault;
     }

@@ -8,17 +8,17 @@ namespace brindle {
 
 namespace {
 
-constexpr int InputsPerGate = InputsPerUnit / GatesPerUnit;
-constexpr int HeadingRule = 85; // hyphens under each heading
-constexpr int GateRule = 14;
-constexpr int TimerRule = 20;
-constexpr int RelayRule = 40;
-constexpr int BlankLinesAtEnd = 4;
+constexpr std::size_t InputsPerGate = InputsPerUnit / GatesPerUnit;
+constexpr std::size_t HeadingRule = 85; // hyphens under each heading
+constexpr std::size_t GateRule = 14;
+constexpr std::size_t TimerRule = 20;
+constexpr std::size_t RelayRule = 40;
+constexpr std::size_t BlankLinesAtEnd = 4;
 
 using Lines = std::vector<std::string>;
 
-std::string Rule(int hyphens) {
-    return std::string(static_cast<std::size_t>(hyphens), '-');
+std::string Rule(std::size_t hyphens) {
+    return std::string(hyphens, '-');
 }
 
 std::string Heading(const UnitReportRequest& request, const std::string& tag) {
@@ -26,22 +26,29 @@ std::string Heading(const UnitReportRequest& request, const std::string& tag) {
            "   File: " + request.FileName + " " + request.Date + " " + request.Time;
 }
 
+std::string GateHeading(const std::string& tag, std::size_t gate) {
+    return tag + " AND gate " + std::to_string(gate);
+}
+
+std::string InputLine(const std::string& tag, std::size_t gate, std::size_t input, const std::string& text) {
+    return tag + ":" + std::to_string(gate) + std::to_string(input) + " " + text;
+}
+
 void AddGates(Lines& lines, const LogicConfig& config, const SignalCatalogue& catalogue,
               const UnitReportRequest& request, const std::string& tag) {
     const LogicUnit& unit = config.Group(request.Group).Unit(request.Unit);
-    int printed = 0;
-    for (int row = 1; row <= GatesPerUnit; ++row) {
-        if (!request.GateRowsShown.at(static_cast<std::size_t>(row - 1))) {
+    std::size_t gate = 0; // counts the printed ones only
+    for (std::size_t row = 0; row < GatesPerUnit; ++row) {
+        if (!request.GateRowsShown.at(row)) {
             continue;
         }
-        const std::string number = std::to_string(++printed);
-        lines.push_back(tag + " AND gate " + number);
+        ++gate;
+        lines.push_back(GateHeading(tag, gate));
         lines.push_back(Rule(GateRule));
-        for (int j = 1; j <= InputsPerGate; ++j) {
-            const UnitInput code =
-                unit.Inputs.at(static_cast<std::size_t>((row - 1) * InputsPerGate + j - 1));
-            lines.push_back(tag + ":" + number + std::to_string(j) + " " +
-                            ReportInputText(catalogue, config.Coding, code, request.NumbersShown));
+        for (std::size_t j = 0; j < InputsPerGate; ++j) {
+            const UnitInput code = unit.Inputs.at(row * InputsPerGate + j);
+            lines.push_back(InputLine(tag, gate, j + 1,
+                                      ReportInputText(catalogue, config.Coding, code, request.NumbersShown)));
         }
         lines.emplace_back();
     }
