@@ -1,5 +1,5 @@
+#include "app/surroundings.h"
 #include "editor/form_plg.h"
-#include "platform/common_dialogs.h"
 
 #include <QAction>
 #include <QApplication>
@@ -56,18 +56,12 @@ void UseDarkPalette() {
 
 bool Take(const Picture& picture, const std::string& examples, const QString& target) {
     const QTemporaryDir programFolder;
-    EditorSurroundings surroundings;
-    surroundings.ProgramFolder = programFolder.path().toStdString();
-    surroundings.ProgramMajor = 1;
-    surroundings.Files = RealFileSystem();
-    surroundings.Profile = SystemProfile(surroundings.Files);
-    surroundings.Folders = RealFolders();
+    EditorSurroundings surroundings =
+        RealSurroundings(programFolder.path().toStdString(), [] { return nullptr; });
     surroundings.ShowMessageBox = [](const MessageBox& box) {
-        std::fprintf(stderr, "%s\n", box.Text.c_str());
+        std::fprintf(stderr, "%s\n", box.Text.c_str()); // nobody is there to press its button
         return MessageAnswer::Ok;
     };
-    surroundings.RunFileDialog = [](const FileDialogRequest&) { return std::optional<FileDialogAnswer>(); };
-    surroundings.FileUsed = [](const std::string&, const std::string&, RelayKind) {};
     if (*picture.Example != '\0') {
         surroundings.CommandLine = examples + "/" + picture.Example;
     }
@@ -76,6 +70,8 @@ bool Take(const Picture& picture, const std::string& examples, const QString& ta
     formPLG window(editor);
     window.LoadAndShow();
     window.resize(picture.Size);
+    QApplication::processEvents(); // the window becomes active, so that what is done to it is the user's
+                                   // doing
     if (picture.Numbers) {
         window.findChild<QAction*>(QStringLiteral("mnuShowNumbers"))->trigger();
     }

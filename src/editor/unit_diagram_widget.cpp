@@ -43,6 +43,8 @@ void UnitDiagramWidget::CreateInputs() {
         QLineEdit* box = NewDiagramBox(this, Element("txtPlo", input));
         box->setContextMenuPolicy(Qt::NoContextMenu);
         box->installEventFilter(this);
+        // The text cannot be edited, so marking it, as a Tab into the box does, would only distract.
+        connect(box, &QLineEdit::selectionChanged, box, &QLineEdit::deselect);
         txtPlo_.at(index) = box;
         shpInvert_.at(index) = new InvertMarkWidget(Element("shpInvert", input), this);
     }

@@ -1,6 +1,6 @@
 #include "support/main_window_test_window.h"
 
-#include "platform/common_dialogs.h"
+#include "app/surroundings.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -22,20 +22,9 @@ MainWindowTest::~MainWindowTest() {
 }
 
 void MainWindowTest::Start(const std::string& commandLine) {
-    EditorSurroundings surroundings;
-    surroundings.ProgramFolder = Folder.path().toStdString();
-    surroundings.ProgramMajor = 1;
+    EditorSurroundings surroundings =
+        RealSurroundings(Folder.path().toStdString(), [this] { return Window.get(); });
     surroundings.CommandLine = commandLine;
-    surroundings.Files = RealFileSystem();
-    surroundings.Profile = SystemProfile(surroundings.Files);
-    surroundings.Folders = RealFolders();
-    surroundings.ShowMessageBox = [this](const MessageBox& box) {
-        return ShowQtMessageBox(Window.get(), box);
-    };
-    surroundings.RunFileDialog = [this](const FileDialogRequest& request) {
-        return RunQtFileDialog(Window.get(), request);
-    };
-    surroundings.FileUsed = [](const std::string&, const std::string&, RelayKind) {};
     TheEditor = std::make_unique<Editor>(surroundings);
     TheEditor->Form_Initialize();
     Window = std::make_unique<formPLG>(*TheEditor);
