@@ -207,7 +207,7 @@ TEST(LogicReport, AGroupOrUnitOutOfRangeIsAFaultOfTheCaller) {
         Reported reported(Version230);
         reported.Request.Group = group;
         reported.Request.Unit = unit;
-        EXPECT_THROW(reported.Report(), std::out_of_range) << group << " " << unit;
+        EXPECT_THROW((void)reported.Report(), std::out_of_range) << group << " " << unit;
         EXPECT_THROW(RelayListText(reported.Config, group, unit), std::out_of_range) << group << " " << unit;
     }
 }
