@@ -87,12 +87,16 @@ std::string AbsolutePath(const std::string& startFolder, const std::string& path
     if (fromRoot) {
         return drive == 2 ? path : std::string(RootName(startFolder, style)) + path;
     }
+    std::string_view relative = std::string_view(path).substr(drive);
+    while (relative.size() > 1 && relative[0] == '.' && IsSeparator(relative[1], style)) {
+        relative.remove_prefix(2); // "./x.pl" is x.pl, as a shell completes it
+    }
     if (drive == 0) {
-        return JoinPath(startFolder, path, style);
+        return JoinPath(startFolder, relative, style);
     }
     // The current folder of a drive that is not the current one is known to the system alone.
     const std::string folder = SameDrive(startFolder, path, style) ? startFolder : path.substr(0, drive);
-    return JoinPath(folder, path.substr(drive), style);
+    return JoinPath(folder, relative, style);
 }
 
 } // namespace brindle

@@ -131,6 +131,14 @@ TEST(AbsolutePath, ARelativePathCountsFromTheStartFolder) {
     EXPECT_EQ("D:\\work\\a\\x.pl", AbsolutePath("D:\\work", "a\\x.pl", WindowsPaths));
 }
 
+TEST(AbsolutePath, ALeadingDotIsDropped) {
+    EXPECT_EQ("/home/me/x.pl", AbsolutePath("/home/me", "./x.pl", PosixPaths));
+    EXPECT_EQ("/home/me/x.pl", AbsolutePath("/home/me", "././x.pl", PosixPaths));
+    EXPECT_EQ("D:\\work\\x.pl", AbsolutePath("D:\\work", ".\\x.pl", WindowsPaths));
+    EXPECT_EQ("/home/me/.x.pl", AbsolutePath("/home/me", ".x.pl", PosixPaths));
+    EXPECT_EQ("/home/me/.", AbsolutePath("/home/me", ".", PosixPaths));
+}
+
 TEST(AbsolutePath, AnAbsolutePathStays) {
     EXPECT_EQ("/x.pl", AbsolutePath("/home/me", "/x.pl", PosixPaths));
     EXPECT_EQ("C:\\x.pl", AbsolutePath("D:\\work", "C:\\x.pl", WindowsPaths));
