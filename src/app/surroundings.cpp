@@ -20,6 +20,7 @@ EditorSurroundings RealSurroundings(const std::string& programFolder, std::funct
     surroundings.RunFileDialog = [parent = std::move(parent)](const FileDialogRequest& request) {
         return RunQtFileDialog(parent(), request);
     };
+    surroundings.LoadRecentFiles = [] {};
     surroundings.FileUsed = [](const std::string&, const std::string&, RelayKind) {};
     return surroundings;
 }

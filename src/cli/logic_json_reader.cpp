@@ -134,11 +134,7 @@ std::string LogicFromJson(std::string_view text, LogicConfig& config) {
     ReadLogic(fields, value, read);
     if (fields.Refusal().empty()) {
         const std::string_view versionText(read.Header.VersionText.data(), read.Header.VersionText.size());
-        config.RelayModel = RelayKind::Vdr812;
-        config.Version = LeadingNumber(versionText);
-        config.GroupCount = MaxGroups;
-        config.Coding = InputCoding{};
-        SetVdr812Outputs(config);
+        BecomeVdr812(config, LeadingNumber(versionText));
         config.Header = read.Header;
         config.Groups = read.Groups;
     }

@@ -47,7 +47,7 @@ constexpr std::array<WidthRange, ColumnCount> ColumnWidths{{
     {Dots(18), Dots(90)},   // OutputWire
 }};
 
-constexpr WidthRange InputPitch{Dots(23), Dots(30)};
+constexpr WidthRange InputPitch{Dots(18), Dots(30)}; // the least fits a screen of 480 pixels
 constexpr WidthRange GateGap{Dots(6), Dots(40)};
 constexpr int BoxSpacing = Dots(4);
 constexpr int InvertMarkSize = Dots(11);

@@ -51,6 +51,8 @@ struct EditorSurroundings {
     FolderFunctions Folders;
     brindle::ShowMessageBox ShowMessageBox;
     brindle::RunFileDialog RunFileDialog;
+    /// Called once at start, when the recent files are wanted for the menu.
+    std::function<void()> LoadRecentFiles;
     /// Told of every file chosen in the Open dialog and of every file read or written well: path, name,
     /// model.
     std::function<void(const std::string& path, const std::string& title, RelayKind model)> FileUsed;
@@ -66,6 +68,7 @@ struct ChosenFile {
 /// The one editor of a running program: the logic, what of it is shown, and the commands of the main window.
 /// Runs without a window in sight; commands that would discard changes ask first, and a command that is
 /// cancelled or fails leaves logic, file and title as they were.
+/// Save As alone keeps the new name when its writing fails.
 class Editor {
   public:
     explicit Editor(EditorSurroundings surroundings);
@@ -94,6 +97,8 @@ class Editor {
     void mnuNewFileVer230_Click() { NewVdr812(Version230); }
 
     void mnuOpenBin_Click();
+    /// Open without its dialog: a file that the command line or the recent list names.
+    void OpenNamed(const ChosenFile& file);
     void mnuFileSave_Click();
     /// Save As; before printing only the dialog's title differs.
     void mnuSaveBin_Click(bool beforePrinting = false);
@@ -117,7 +122,9 @@ class Editor {
 
     [[nodiscard]] UnitView View() const { return BuildUnitView(config_, catalogue_, shown_); }
 
-    [[nodiscard]] OutputMapLayout OutputMap() const { return SetupRelayOutputMapWindow(config_); }
+    [[nodiscard]] OutputMapLayout OutputMap() const {
+        return DrawnOutputMap(SetupRelayOutputMapWindow(config_));
+    }
 
     [[nodiscard]] std::string Title() const;
 

@@ -9,12 +9,14 @@ namespace brindle {
 void Editor::Form_Initialize() {
     CheckProgramVersion(settings_, surroundings_.ProgramMajor, surroundings_.ProgramMinor,
                         surroundings_.ProgramRevision);
+    surroundings_.LoadRecentFiles();
 }
 
 void Editor::FindHomeDirectory() {
     const FolderFunctions& folders = surroundings_.Folders;
     folders.ChangeFolder(surroundings_.ProgramFolder);
-    homeDirectory_ = settings_.Read(SectionBrindle, KeyHomeDir, surroundings_.ProgramFolder);
+    homeDirectory_ = AbsolutePath(surroundings_.ProgramFolder,
+                                  settings_.Read(SectionBrindle, KeyHomeDir, surroundings_.ProgramFolder));
     if (homeDirectory_.empty() || !folders.FolderExists(homeDirectory_)) {
         homeDirectory_ = surroundings_.ProgramFolder;
     }
@@ -36,9 +38,7 @@ void Editor::Form_Load() {
         const FileNameParts parts = Get_File_Name_Parts(surroundings_.CommandLine);
         surroundings_.Folders.ChangeDrive(parts.Folder);
         surroundings_.Folders.ChangeFolder(parts.Folder);
-        if (MayDiscard(DiscardingCommand::Open)) {
-            Open(FileOfPath(surroundings_.CommandLine));
-        }
+        OpenNamed(FileOfPath(surroundings_.CommandLine));
     }
 }
 

@@ -107,6 +107,13 @@ void Editor::mnuOpenBin_Click() {
     }
 }
 
+void Editor::OpenNamed(const ChosenFile& file) {
+    window_.CloseAllChoosers();
+    if (MayDiscard(DiscardingCommand::Open)) {
+        Open(file);
+    }
+}
+
 void Editor::Open(const ChosenFile& file) {
     if (file.Model == RelayKind::Vdr810) {
         surroundings_.ShowMessageBox(Vdr810Notice(file.Path));

@@ -33,6 +33,7 @@ QLabel* NewLabel(const char* name, QWidget* parent) {
 
 formPLG::formPLG(Editor& editor) : editor_(editor) {
     setObjectName(QStringLiteral("formPLG"));
+    FitToScreen(); // first, so that every control is made with the scaled font
     BuildMenus();
     ConnectMenus();
 
@@ -54,7 +55,6 @@ formPLG::formPLG(Editor& editor) : editor_(editor) {
     diagram_->OnSetResetClicked = [this] { editor_.pctSetReset_Click(); };
     column->addWidget(diagram_, 1);
     setCentralWidget(central);
-    FitToScreen();
     editor_.AttachWindow(WindowForEditor());
 }
 
@@ -64,14 +64,15 @@ void formPLG::FitToScreen() {
     ScaledControl form;
     form.Kind = ScaledControlKind::Texted;
     form.FontSize = font().pointSizeF();
-    form.Width = FirstSize.width();
-    form.Height = FirstSize.height();
+    form.Width = PixelsToTwips(FirstSize.width());
+    form.Height = PixelsToTwips(FirstSize.height());
     form = Scaled(form, factor);
     QFont scaledFont = font();
     scaledFont.setPointSizeF(form.FontSize);
     setFont(scaledFont);
     setMinimumSize(LeastSize * factor);
-    const QSize wanted(static_cast<int>(form.Width), static_cast<int>(form.Height));
+    const QSize wanted(TwipsToPixels(static_cast<int>(form.Width)),
+                       TwipsToPixels(static_cast<int>(form.Height)));
     resize(wanted.boundedTo(QApplication::primaryScreen()->availableSize()));
 }
 
@@ -177,7 +178,11 @@ EditorWindow formPLG::WindowForEditor() {
             QApplication::restoreOverrideCursor();
         }
     };
-    window.ShowTitle = [this] { setWindowTitle(QString::fromStdString(editor_.Title())); };
+    window.ShowTitle = [this] {
+        QString title = QString::fromStdString(editor_.Title());
+        // Qt would take it for the place of its own mark of unsaved changes.
+        setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    };
     window.ShowCategories = [this] { ShowCategories(); };
     window.ShowOutputMap = [this] { diagram_->ShowOutputMap(editor_.OutputMap()); };
     window.ShowUnit = [this](UnitRedraw redraw) { ShowUnit(redraw); };
@@ -204,12 +209,15 @@ void formPLG::ShowUnit(UnitRedraw redraw) {
         lblUnit_.at(static_cast<std::size_t>(unit - 1))->ShowView(label);
         Action(QString::fromStdString(ElementName("mnuTimerLatch", unit)))->setChecked(label.Checked);
     }
-    diagram_->ShowUnit(view, redraw);
-    // The keyboard goes to the box that is marked as selected, unless it is elsewhere on purpose.
     const QWidget* focused = focusWidget();
-    if (redraw == UnitRedraw::Selected && focused != nullptr &&
-        focused->objectName().startsWith(QLatin1String("txtPlo("))) {
-        diagram_->FocusInput(editor_.Shown().Input);
+    diagram_->ShowUnit(view, redraw);
+    // The keyboard stays where the user has it, but never in a control that is now hidden; and from input to
+    // input it goes along with the selection.
+    if (focused != nullptr && diagram_->isAncestorOf(focused)) {
+        const bool inInput = focused->objectName().startsWith(QLatin1String("txtPlo("));
+        if (!focused->isVisibleTo(this) || (inInput && redraw == UnitRedraw::Selected)) {
+            diagram_->FocusInput(editor_.Shown().Input);
+        }
     }
 }
 

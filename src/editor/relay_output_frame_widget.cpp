@@ -8,16 +8,6 @@
 
 namespace brindle {
 
-namespace {
-
-/// The frame's measures are drawn larger than the twips of its layout, so that a check box has room for
-/// today's fonts. A row of 240 becomes 315, a whole number of pixels, so that the rows are evenly spaced.
-int DrawnTwips(int twips) {
-    return twips * 21 / 16 / LayoutGrid * LayoutGrid;
-}
-
-} // namespace
-
 RelayOutputFrameWidget::RelayOutputFrameWidget(QWidget* parent)
     : QGroupBox(QStringLiteral("Map Relay"), parent) {
     setObjectName(QStringLiteral("fraMapRelayOutput"));
@@ -34,8 +24,8 @@ QCheckBox* RelayOutputFrameWidget::NewBox(int output) {
 }
 
 void RelayOutputFrameWidget::ShowLayout(const OutputMapLayout& layout) {
-    widthTwips_ = DrawnTwips(layout.FrameWidth);
-    heightTwips_ = DrawnTwips(layout.FrameHeight);
+    widthTwips_ = layout.FrameWidth;
+    heightTwips_ = layout.FrameHeight;
     for (const auto& [output, box] : cbxOutputMap_) {
         box->hide();
     }
@@ -45,8 +35,8 @@ void RelayOutputFrameWidget::ShowLayout(const OutputMapLayout& layout) {
             box = NewBox(place.Output);
         }
         box->setText(QString::fromStdString(place.Caption));
-        box->setGeometry(TwipsToPixels(DrawnTwips(place.Left)), TwipsToPixels(DrawnTwips(place.Top)),
-                         TwipsToPixels(DrawnTwips(place.Width)), TwipsToPixels(DrawnTwips(place.Height)));
+        box->setGeometry(TwipsToPixels(place.Left), TwipsToPixels(place.Top), TwipsToPixels(place.Width),
+                         TwipsToPixels(place.Height));
         box->show();
     }
     ColourBoxes();

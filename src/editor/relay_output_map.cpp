@@ -1,5 +1,7 @@
 #include "editor/relay_output_map.h"
 
+#include "settings/screen_scale.h"
+
 #include <algorithm>
 
 namespace brindle {
@@ -11,10 +13,15 @@ constexpr int BoxHeight = 240;
 constexpr int BoxWidth = 600;
 constexpr int FirstColumnLeft = 120;
 constexpr int ColumnStep = 620;
-// The frame grows by less than a column's step, as users of the frame know it.
+// The frame grows by less than a column's step, on purpose.
 constexpr int FrameWidthOfOneColumn = 1200;
 constexpr int FrameWidthPerExtraColumn = 300;
 constexpr int FrameBottomMargin = 100;
+
+/// A row of 240 becomes 315, which is 21 pixels, so that the rows are evenly spaced.
+int Drawn(int twips) {
+    return twips * 21 / 16 / TwipsPerPixel * TwipsPerPixel;
+}
 
 } // namespace
 
@@ -30,6 +37,18 @@ OutputMapLayout SetupRelayOutputMapWindow(const LogicConfig& config) {
     const int extraColumns = count > 0 ? (count - 1) / BoxesPerColumn : 0;
     layout.FrameWidth = FrameWidthOfOneColumn + FrameWidthPerExtraColumn * extraColumns;
     layout.FrameHeight = (std::min(count, BoxesPerColumn) + 1) * BoxHeight + FrameBottomMargin;
+    return layout;
+}
+
+OutputMapLayout DrawnOutputMap(OutputMapLayout layout) {
+    for (OutputBoxLayout& box : layout.Boxes) {
+        box.Left = Drawn(box.Left);
+        box.Top = Drawn(box.Top);
+        box.Width = Drawn(box.Width);
+        box.Height = Drawn(box.Height);
+    }
+    layout.FrameWidth = Drawn(layout.FrameWidth);
+    layout.FrameHeight = Drawn(layout.FrameHeight);
     return layout;
 }
 

@@ -27,4 +27,8 @@ struct OutputMapLayout {
 /// Lays out one box per relay output of the logic, sixteen to a column.
 OutputMapLayout SetupRelayOutputMapWindow(const LogicConfig& config);
 
+/// The layout as the main window draws it: enlarged evenly, so that a check box has room for today's fonts.
+/// Every measure is a whole number of pixels at 96 dpi, a row of boxes 21.
+OutputMapLayout DrawnOutputMap(OutputMapLayout layout);
+
 } // namespace brindle

@@ -60,11 +60,12 @@ void UnitDiagramWidget::CreateGates() {
 
 void UnitDiagramWidget::ShowOutputMap(const OutputMapLayout& layout) {
     fraMapRelayOutput_->ShowLayout(layout);
-    PlaceControls();
+    PlaceVisibleControls();
     updateGeometry();
 }
 
 void UnitDiagramWidget::ShowUnit(const UnitView& view, UnitRedraw redraw) {
+    loading_ = true;
     view_ = view;
     CopyInputs(view);
     for (std::size_t row = 0; row < view.Gates.size(); ++row) {
@@ -83,7 +84,8 @@ void UnitDiagramWidget::ShowUnit(const UnitView& view, UnitRedraw redraw) {
         dropOut_.Show(timer.DropOutCaption, timer.DropOutText, timer.DropOutReadOut, redraw);
     }
     fraMapRelayOutput_->ShowOutputs(view.OutputSet);
-    PlaceControls();
+    PlaceVisibleControls();
+    loading_ = false;
 }
 
 void UnitDiagramWidget::CopyInputs(const UnitView& view) {
@@ -107,6 +109,12 @@ QSize UnitDiagramWidget::minimumSizeHint() const {
     const DiagramSize least =
         LeastDiagramSize(fraMapRelayOutput_->WidthTwips(), fraMapRelayOutput_->HeightTwips());
     return {TwipsToPixels(least.Width) + 2 * DiagramMargin, TwipsToPixels(least.Height) + 2 * DiagramMargin};
+}
+
+void UnitDiagramWidget::PlaceVisibleControls() {
+    if (isVisible()) {
+        PlaceControls();
+    }
 }
 
 void UnitDiagramWidget::PlaceControls() {
@@ -193,6 +201,10 @@ void UnitDiagramWidget::resizeEvent(QResizeEvent* /*event*/) {
     PlaceControls();
 }
 
+void UnitDiagramWidget::showEvent(QShowEvent* /*event*/) {
+    PlaceControls();
+}
+
 void UnitDiagramWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
@@ -205,14 +217,15 @@ void UnitDiagramWidget::changeEvent(QEvent* event) {
 }
 
 bool UnitDiagramWidget::eventFilter(QObject* watched, QEvent* event) {
-    // Only the user's own moves select: focus that the program or a change of window gives must not.
+    // Only the user's own moves select: focus that the program or a change of window gives must not, nor the
+    // focus that Qt hands on as if by Tab when the box that had it is hidden.
     const bool pressed = event->type() == QEvent::MouseButtonPress;
     bool tabbed = false;
     if (event->type() == QEvent::FocusIn) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         tabbed = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
     }
-    if (pressed || tabbed) {
+    if (pressed || (tabbed && !loading_)) {
         for (std::size_t i = 0; i < txtPlo_.size(); ++i) {
             if (txtPlo_.at(i) == watched) {
                 OnInputSelected(static_cast<int>(i) + 1);

@@ -43,6 +43,7 @@ class UnitDiagramWidget : public QWidget {
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -50,9 +51,12 @@ class UnitDiagramWidget : public QWidget {
     void CreateInputs();
     void CreateGates();
     void CopyInputs(const UnitView& view);
+    /// Measuring texts takes its time, so what is not yet shown is placed once, when it is.
+    void PlaceVisibleControls();
     void PlaceControls();
     void FitInputText(QLineEdit& box);
 
+    bool loading_ = false; ///< a unit is being shown: what happens to controls now is not the user's doing
     UnitView view_;
     DiagramLayout layout_;
 

@@ -137,11 +137,7 @@ void DecodeProgram(std::string_view bytes, LogicConfig& config) {
     config.Header.HeaderWord = GetWord(image, HeaderWordOffset);
     GetText(image, Text1Offset, config.Header.Text1);
     GetText(image, Text2Offset, config.Header.Text2);
-    config.RelayModel = RelayKind::Vdr812;
-    config.Version = LeadingNumber({config.Header.VersionText.data(), config.Header.VersionText.size()});
-    config.GroupCount = MaxGroups;
-    config.Coding = InputCoding{};
-    SetVdr812Outputs(config);
+    BecomeVdr812(config, LeadingNumber({config.Header.VersionText.data(), config.Header.VersionText.size()}));
     for (int group = 1; group <= MaxGroups; ++group) {
         config.Group(group) = DecodeGroup(image, GroupOffset(group));
     }

@@ -22,12 +22,16 @@ void ClearConfig(LogicConfig& config) {
     config.Header.VersionText = VersionTextOf(config.Version);
 }
 
-void MakeNewVdr812(LogicConfig& config, float version) {
+void BecomeVdr812(LogicConfig& config, float version) {
     config.RelayModel = RelayKind::Vdr812;
     config.Version = version;
     config.GroupCount = MaxGroups;
     config.Coding = InputCoding{};
     SetVdr812Outputs(config);
+}
+
+void MakeNewVdr812(LogicConfig& config, float version) {
+    BecomeVdr812(config, version);
     ClearConfig(config);
 }
 

@@ -110,6 +110,10 @@ struct LogicConfig {
 /// `VersionText` follows `Version`. `HeaderWord`, `Text1` and `Text2` stay: a new file carries them on.
 void ClearConfig(LogicConfig& config);
 
+/// Makes the logic one of a VDR812 program of `version`: model, version, group count, coding and output
+/// range.
+void BecomeVdr812(LogicConfig& config, float version);
+
 /// Makes the logic a new, empty VDR812 program of `version` (1.0 or 2.3): model, coding, group count, output
 /// range and header. File path, title and `Modified` are the caller's.
 void MakeNewVdr812(LogicConfig& config, float version);

@@ -89,6 +89,12 @@ void SetInitialName(QFileDialog& dialog, const std::string& initial) {
     }
 }
 
+MessageBox MissingFolderNotice(const QString& folder, const std::string& title) {
+    return {"The folder " + QDir::toNativeSeparators(folder).toStdString() +
+                " does not exist.\r\nCheck the path and try again.",
+            MessageIcon::Exclamation, MessageButtons::Ok, title};
+}
+
 /// A native dialog may leave the extension to us; then its own overwrite question was about another name.
 bool MayTakeName(QWidget* parent, const FileDialogRequest& request, const QString& chosen,
                  const QString& complete) {
@@ -152,6 +158,7 @@ std::optional<FileDialogAnswer> RunQtFileDialog(QWidget* parent, const FileDialo
     const NormalPointer pointer;
     const QStringList filters = QtNameFilters(request.Filter);
     QFileDialog dialog(parent, QString::fromStdString(request.Title));
+    dialog.setObjectName(QStringLiteral("CMDialog1"));
     const bool opening = request.Kind == FileDialogKind::Open;
     dialog.setAcceptMode(opening ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(opening ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -167,8 +174,13 @@ std::optional<FileDialogAnswer> RunQtFileDialog(QWidget* parent, const FileDialo
     while (dialog.exec() == QDialog::Accepted) {
         const QString chosen = dialog.selectedFiles().value(0);
         QString complete = QFileInfo(chosen).absoluteFilePath();
+        if (!QFileInfo(complete).dir().exists()) {
+            ShowQtMessageBox(parent, MissingFolderNotice(QFileInfo(complete).absolutePath(), request.Title));
+            continue;
+        }
         if (QFileInfo(complete).suffix().isEmpty() && !(opening && QFileInfo::exists(complete))) {
-            complete += QLatin1Char('.') + dialog.defaultSuffix();
+            complete += (complete.endsWith(QLatin1Char('.')) ? QString() : QStringLiteral(".")) +
+                        dialog.defaultSuffix();
         }
         if (!MayTakeName(parent, request, QFileInfo(chosen).absoluteFilePath(), complete)) {
             continue;

@@ -3,7 +3,8 @@
 #include <string>
 #include <string_view>
 
-/// Paths are joined and split here and nowhere else. They are UTF-8; nothing here looks at the disk.
+/// Paths are joined and split here; only the systems' own pieces beside it do it their own way. They are
+/// UTF-8; nothing here looks at the disk.
 namespace brindle {
 
 /// How a system writes its paths. Routines take it so that the rules of every system can be run on any.

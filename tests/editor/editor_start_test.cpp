@@ -61,10 +61,19 @@ TEST(FormLoad, AHomeDirectoryThatIsMissingOrEmptyIsTheProgramsFolder) {
     }
 }
 
+TEST(FormLoad, ARelativeHomeDirectoryCountsFromTheProgramsFolder) {
+    EditorHarness harness;
+    harness.Profile.Text = "[Brindle]\r\nBrindleVersion=1.000000\r\nHomeDir=schemes\r\n";
+    harness.Folders.insert("/opt/brindle/schemes");
+    harness.Start();
+    EXPECT_EQ(harness->HomeDirectory(), "/opt/brindle/schemes");
+}
+
 TEST(FormLoad, ThePlacementIsRestoredBeforeTheUnitIsShown) {
     EditorHarness harness;
     harness.Start();
-    const std::vector<std::string> expected{"output map", "categories", "place", "title", "unit selected"};
+    const std::vector<std::string> expected{"load recent files", "output map", "categories", "place", "title",
+                                            "unit selected"};
     EXPECT_EQ(harness.Log, expected);
     EXPECT_NE(harness.Profile.Text->find("WindowWidth=12000"), std::string::npos)
         << "never stored: stored at once";

@@ -164,6 +164,18 @@ TEST_F(FileCommands, YesThenACancelledSaveAsStillGoesOnWithOpen) {
     EXPECT_EQ(Config().FileTitle, "x.pl");
 }
 
+TEST_F(FileCommands, ANamedFileIsOpenedWithoutADialogAfterTheQuestion) {
+    Harness->EditConfig().Modified = true;
+    Harness.AnswerBox(MessageAnswer::Cancel);
+    Harness->OpenNamed({"/data/x.pl", "x.pl", RelayKind::Vdr812});
+    EXPECT_EQ(Config().FileTitle, "New_File.pl");
+    Harness.AnswerBox(MessageAnswer::No);
+    Harness->OpenNamed({"/data/x.pl", "x.pl", RelayKind::Vdr812});
+    EXPECT_EQ(Config().FileTitle, "x.pl");
+    EXPECT_TRUE(Harness.Dialogs.empty());
+    EXPECT_EQ(Harness.Log.front(), "close choosers");
+}
+
 TEST_F(FileCommands, SaveWritesTheSameBytesBackWithoutAsking) {
     OpenX();
     Harness->EditConfig().Modified = true;
@@ -283,6 +295,9 @@ TEST_F(FileCommands, AFailedSaveAsKeepsTheChanges) {
     Harness->mnuSaveBin_Click();
     EXPECT_TRUE(Config().Modified);
     EXPECT_EQ(Harness.Files.count("/data/y.pl"), 0U);
+    EXPECT_EQ(Config().FilePath, "/data/y.pl") << "the new name is kept for the next Save";
+    EXPECT_EQ(Config().FileTitle, "y.pl");
+    EXPECT_EQ(Harness->Title(), "VDR812 Programmable Logic          (File: /data/y.pl) Version: 1.00");
 }
 
 TEST_F(FileCommands, NewMakesAnEmptyLogicOfItsVersion) {

@@ -64,5 +64,18 @@ TEST(SetupRelayOutputMapWindow, AnEmptyRangeShowsAnEmptyFrame) {
     EXPECT_EQ(layout.FrameHeight, 340);
 }
 
+TEST(DrawnOutputMap, EnlargesEvenlyToWholePixels) {
+    const OutputMapLayout layout = DrawnOutputMap(LayoutOf(1, 20));
+    for (std::size_t i = 0; i < layout.Boxes.size(); ++i) {
+        const OutputBoxLayout& box = layout.Boxes[i];
+        EXPECT_EQ(box.Top, (static_cast<int>(i % 16) + 1) * 315) << "21 pixels a row";
+        EXPECT_EQ(box.Height, 315);
+        EXPECT_EQ(box.Left % 15, 0);
+        EXPECT_EQ(box.Width % 15, 0);
+    }
+    EXPECT_EQ(layout.FrameHeight, 5475);
+    EXPECT_EQ(layout.FrameWidth, 1965);
+}
+
 } // namespace
 } // namespace brindle

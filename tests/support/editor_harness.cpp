@@ -43,6 +43,7 @@ EditorHarness::EditorHarness() {
         fileAnswers_.pop_front();
         return answer;
     };
+    Surroundings.LoadRecentFiles = [this] { Log.emplace_back("load recent files"); };
     Surroundings.FileUsed = [this](const std::string& path, const std::string& title, RelayKind model) {
         Log.push_back("used " + path + " " + title + " " + std::to_string(static_cast<int>(model)));
     };

@@ -5,8 +5,13 @@
 #include <QApplication>
 #include <QDir>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
+
+#include <map>
+#include <set>
 
 namespace brindle {
 namespace {
@@ -25,14 +30,27 @@ TEST_F(MainWindow, StartsWithANew230LogicAndItsTitle) {
     EXPECT_TRUE(Dialogs.Messages.empty());
 }
 
-TEST_F(MainWindow, HasEveryItemOfTheMenuTree) {
+TEST_F(MainWindow, HasEveryItemOfTheMenuTreeInItsMenuAndOrder) {
     Start();
+    std::map<std::string, std::vector<std::string>> expected;
     for (const MenuEntry& entry : MenuTree()) {
+        expected[entry.Parent].push_back(entry.Name);
         if (entry.Kind == MenuEntryKind::Menu) {
             EXPECT_EQ(Find<QMenu>(entry.Name.c_str())->title().toStdString(), entry.Caption);
         } else if (entry.Name.rfind("mnuLogicCategoriesCategory(", 0) != 0) {
             EXPECT_EQ(Find<QAction>(entry.Name.c_str())->text().toStdString(), entry.Caption);
         }
+    }
+    for (const auto& [menu, names] : expected) {
+        const QList<QAction*> actions =
+            menu.empty() ? Window->menuBar()->actions() : Find<QMenu>(menu.c_str())->actions();
+        std::vector<std::string> shown;
+        for (const QAction* action : actions) {
+            const QObject* named =
+                action->menu() != nullptr ? static_cast<const QObject*>(action->menu()) : action;
+            shown.push_back(named->objectName().toStdString());
+        }
+        EXPECT_EQ(shown, names) << menu;
     }
 }
 
@@ -47,17 +65,23 @@ TEST_F(MainWindow, CategoryItemsFollowTheVersion) {
     EXPECT_FALSE(Find<QAction>("mnuLogicCategoriesCategory(25)")->isVisible());
 }
 
-TEST_F(MainWindow, AnEnabledItemDoesSomethingAndTheOthersAreDisabled) {
+TEST_F(MainWindow, OnlyItemsWithACommandAreEnabled) {
     Start();
-    for (const char* name : {"mnuNewFileVer100", "mnuNewFileVer230", "mnuOpenBin", "mnuFileSave",
-                             "mnuSaveBin", "mnuExit", "mnuShowNumbers", "mnuGroup(8)", "mnuTimerLatch(10)"}) {
-        EXPECT_TRUE(Find<QAction>(name)->isEnabled()) << name;
+    std::set<std::string> commands{"mnuNewFileVer100", "mnuNewFileVer230", "mnuOpenBin",    "mnuFileSave",
+                                   "mnuSaveBin",       "mnuExit",          "mnuShowNumbers"};
+    for (int group = 1; group <= MaxGroups; ++group) {
+        commands.insert(ElementName("mnuGroup", group));
     }
-    for (const char* name :
-         {"mnuFileNewVdr810", "mnuHomeDir", "mnuPrint", "mnuClearDisplayedUnit", "mnuGroupEditingFunctions",
-          "mnuLogicCategoriesLocateAll", "mnuLogicCategoriesCategory(0)", "mnuHelpHelp", "mnuAbout"}) {
-        EXPECT_FALSE(Find<QAction>(name)->isEnabled()) << name;
+    for (int unit = 1; unit <= UnitsPerGroup; ++unit) {
+        commands.insert(ElementName("mnuTimerLatch", unit));
     }
+    for (const MenuEntry& entry : MenuTree()) {
+        if (entry.Kind == MenuEntryKind::Command) {
+            EXPECT_EQ(Find<QAction>(entry.Name.c_str())->isEnabled(), commands.count(entry.Name) == 1)
+                << entry.Name;
+        }
+    }
+    EXPECT_FALSE(Find<QMenu>("mnuWeb")->menuAction()->isEnabled()) << "a submenu of nothing";
     EXPECT_FALSE(Find<QPushButton>("Command1")->isEnabled());
 }
 
@@ -104,6 +128,18 @@ TEST_F(MainWindow, SaveAsAppendsTheExtensionBeforeItAsksToOverwrite) {
     EXPECT_EQ(Title(), "VDR812 Programmable Logic          (File: " + PathOf("old.pl") + ") Version: 2.30");
 }
 
+TEST_F(MainWindow, SaveAsTakesNoFolderThatDoesNotExist) {
+    Start();
+    Dialogs.ChooseFile(PathOf("nowhere/x.pl"));
+    Dialogs.PressButton("OK");
+    Dialogs.ChooseFile("ends-in-a-point.");
+    Choose("mnuSaveBin");
+    ASSERT_EQ(Dialogs.Messages.size(), 1U);
+    EXPECT_NE(Dialogs.Messages[0].Text.find("does not exist"), std::string::npos);
+    EXPECT_EQ(TheEditor->Config().FileTitle, "ends-in-a-point.pl");
+    EXPECT_EQ(Content("ends-in-a-point.pl").size(), 2048U);
+}
+
 TEST_F(MainWindow, TheSaveAsDialogProposesTheCurrentName) {
     Start();
     Dialogs.CancelFile();
@@ -111,6 +147,13 @@ TEST_F(MainWindow, TheSaveAsDialogProposesTheCurrentName) {
     EXPECT_EQ(Dialogs.FileDialogs.at(0).Title, "Save Binary File");
     EXPECT_EQ(Dialogs.FileDialogs.at(0).SelectedName, "New_File.pl");
     EXPECT_EQ(Dialogs.FileDialogs.at(0).Filters, (std::vector<std::string>{"Binary File (*.pl)"}));
+}
+
+TEST_F(MainWindow, ABracketedStarInAPathIsShownInTheTitle) {
+    Start();
+    Dialogs.ChooseFile(PathOf("a[*]b.pl"));
+    Choose("mnuSaveBin");
+    EXPECT_NE(Window->windowHandle()->title().indexOf(QStringLiteral("a[*]b.pl")), -1);
 }
 
 TEST_F(MainWindow, AFailedOpenShowsTheDiskErrorAndKeepsEverything) {

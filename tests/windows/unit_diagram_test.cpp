@@ -4,6 +4,7 @@
 #include "support/main_window_test_window.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -41,6 +42,7 @@ class UnitDiagramWindow : public MainWindowTest {
     /// Compares every control of the shown unit with the editor's view.
     void ExpectControlsShow(const UnitView& view) {
         EXPECT_EQ(TextOf("lblSelectedInput"), view.SelectedInputCaption);
+        EXPECT_EQ(TextOf("lblGroup"), view.GroupCaption);
         EXPECT_EQ(TextOf("lblTimerLatchUnit"), view.UnitCaption);
         EXPECT_EQ(TextOf("lblOR"), view.OrCaption);
         ExpectInputsShow(view);
@@ -170,6 +172,62 @@ TEST_F(UnitDiagramWindow, TabGoesFromTheLastInputToTheTimesOrTheOtherSide) {
     EXPECT_EQ(Window->focusWidget()->objectName(), QStringLiteral("pctSetReset"));
     QTest::keyClick(Window->focusWidget(), Qt::Key_Space);
     EXPECT_EQ(TheEditor->Shown().Unit, 7);
+}
+
+TEST_F(UnitDiagramWindow, TheFocusNeverEndsInAHiddenControl) {
+    for (const char* box : {"txtPlo(1)", "txtPlo(3)", "txtPlo(13)", "txtPlo(16)"}) {
+        Start();
+        Choose("mnuNewFileVer100");
+        Click(box);
+        ASSERT_EQ(Window->focusWidget()->objectName(), QString::fromLatin1(box));
+        Choose("mnuNewFileVer230");
+        EXPECT_EQ(TheEditor->Shown().Input, 5) << box;
+        EXPECT_EQ(TextOf("lblSelectedInput"), "Connect Signal to:  G1 - T1:11") << box;
+        EXPECT_EQ(Find<QLineEdit>("txtPlo(5)")->palette().color(QPalette::Base), QColor(192, 192, 255))
+            << box;
+        EXPECT_EQ(Window->focusWidget()->objectName(), QStringLiteral("txtPlo(5)")) << box;
+        Close();
+    }
+    Start();
+    Find<QLineEdit>("txtTimerPU")->setFocus();
+    Choose("mnuTimerLatch(7)");
+    EXPECT_EQ(Window->focusWidget()->objectName(), QStringLiteral("txtPlo(5)"));
+    EXPECT_EQ(TextOf("lblSelectedInput"), "Connect Signal to:  G1 - R1:11");
+    Find<QWidget>("pctSetReset")->setFocus();
+    Choose("mnuTimerLatch(8)");
+    EXPECT_EQ(Window->focusWidget()->objectName(), QStringLiteral("pctSetReset"))
+        << "still shown: it keeps the focus";
+    Choose("mnuTimerLatch(2)");
+    EXPECT_EQ(Window->focusWidget()->objectName(), QStringLiteral("txtPlo(5)"));
+}
+
+TEST_F(UnitDiagramWindow, TextBeingTypedSurvivesAChangeOfWindow) {
+    Start();
+    auto* box = Find<QLineEdit>("txtTimerPU");
+    box->setText(QStringLiteral("12"));
+    TheEditor->Form_Activate();
+    EXPECT_EQ(TextOf("txtTimerPU"), "12");
+    Choose("mnuTimerLatch(1)");
+    EXPECT_EQ(TextOf("txtTimerPU"), "0") << "selecting a unit loads its times";
+}
+
+TEST_F(UnitDiagramWindow, InADarkDesktopTheLightBoxesHaveDarkText) {
+    Start();
+    const QPalette before = QApplication::palette();
+    QPalette dark = before;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Window, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::WindowText, Qt::white);
+    QApplication::setPalette(dark);
+    QApplication::processEvents();
+    for (const char* name : {"txtPlo(5)", "txtPlo(6)", "txtTimerPU"}) {
+        const QPalette palette = Find<QLineEdit>(name)->palette();
+        EXPECT_GT(palette.color(QPalette::Base).lightness(), 200) << name;
+        EXPECT_LT(palette.color(QPalette::Text).lightness(), 120) << name;
+    }
+    EXPECT_EQ(Find<QLabel>("lblInputLine(5)")->palette().color(QPalette::WindowText), QColor(Qt::white));
+    QApplication::setPalette(before);
 }
 
 TEST_F(UnitDiagramWindow, TypingIntoAnInputHasNoEffect) {
