@@ -24,12 +24,13 @@ constexpr int GateOfRow(float version, int row) {
 
 /// The row (1 to 4) in which input box `input` (1 to 16) stands.
 constexpr int RowOfInput(int input) {
-    return (input - 1) / 4 + 1;
+    return (input - 1) / InputsPerGate + 1;
 }
 
 /// The tag of input box `input` (1 to 16): gate, then input within the gate ("11" to "44").
 inline std::string InputTag(float version, int input) {
-    return std::to_string(GateOfRow(version, RowOfInput(input))) + std::to_string((input - 1) % 4 + 1);
+    return std::to_string(GateOfRow(version, RowOfInput(input))) +
+           std::to_string((input - 1) % InputsPerGate + 1);
 }
 
 /// The input box that is selected when a unit is shown: the first of gate 1.

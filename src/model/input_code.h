@@ -36,7 +36,9 @@ constexpr std::int32_t ToggleInvert(const InputCoding& coding, std::int32_t code
     if (code == coding.FalseCode) {
         return TrueCode;
     }
-    return coding.InvertBase - code;
+    // Files may hold any 32 bits, so the difference wraps around.
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(coding.InvertBase) -
+                                     static_cast<std::uint32_t>(code));
 }
 
 } // namespace brindle

@@ -106,6 +106,11 @@ struct LogicConfig {
     }
 };
 
+/// The code of an input that has no signal: "NO CONNECT" for the VDR812, the signal "FALSE" for the VDR810.
+inline UnitInput UnconnectedCode(const LogicConfig& config) {
+    return config.RelayModel == RelayKind::Vdr812 ? NoConnectCode : config.Coding.FalseCode;
+}
+
 /// Empties the logic: codes, times and output words of groups 1 to `GroupCount` become 0, `Magic` "plcd", and
 /// `VersionText` follows `Version`. `HeaderWord`, `Text1` and `Text2` stay: a new file carries them on.
 void ClearConfig(LogicConfig& config);

@@ -23,4 +23,10 @@ bool OutputMapped(const LogicConfig& config, int group, int unit, int output) {
     return (config.Group(group).OutputMap(Unit(unit).MapSlot, bit.Bank) & bit.Mask) != 0;
 }
 
+void MapOutput(LogicConfig& config, int group, int unit, int output, bool mapped) {
+    const OutputBit bit = BitOfOutput(config, output);
+    std::uint32_t& word = config.Group(group).OutputMap(Unit(unit).MapSlot, bit.Bank);
+    word = mapped ? word | bit.Mask : word & ~bit.Mask;
+}
+
 } // namespace brindle

@@ -24,4 +24,8 @@ OutputBit BitOfOutput(const LogicConfig& config, int output);
 /// Whether `output` is mapped to `unit` (1 to 10) of `group`.
 bool OutputMapped(const LogicConfig& config, int group, int unit, int output);
 
+/// Maps `output` to `unit` (1 to 10) of `group`, or no longer; every other bit stays. Both sides of a latch
+/// share the mapping.
+void MapOutput(LogicConfig& config, int group, int unit, int output, bool mapped);
+
 } // namespace brindle

@@ -10,6 +10,7 @@ inline constexpr int UnitsPerGroup = 10; ///< six timers, two latches with a res
 inline constexpr int TimersPerGroup = 6; ///< units 1 to 6
 inline constexpr int InputsPerUnit = 16; ///< four AND gates of four inputs
 inline constexpr int GatesPerUnit = 4;
+inline constexpr int InputsPerGate = InputsPerUnit / GatesPerUnit;
 inline constexpr int MapSlots = 8; ///< six timers, two latches
 inline constexpr int MapBanks = 8; ///< words of a slot
 

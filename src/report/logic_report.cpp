@@ -8,7 +8,6 @@ namespace brindle {
 
 namespace {
 
-constexpr std::size_t InputsPerGate = InputsPerUnit / GatesPerUnit;
 constexpr std::size_t HeadingRule = 85; // hyphens under each heading
 constexpr std::size_t GateRule = 14;
 constexpr std::size_t TimerRule = 20;
