@@ -56,6 +56,8 @@ DiagramColours ColoursOf(const QPalette& palette) {
         dark ? Blend(base, QColor(60, 100, 160), 0.35) : Blend(base, QColor(200, 224, 250), 0.35);
     colours.Caption = text;
     colours.Field = dark ? Blend(base, text, 0.22) : base;
+    colours.Choice = dark ? text : QColor(0, 0, 0);
+    colours.FocusedChoice = dark ? QColor(138, 180, 255) : QColor(0, 0, 255);
     return colours;
 }
 

@@ -15,12 +15,14 @@ QRect ToPixels(const LayoutRect& rect);
 
 /// Colours of the drawing, taken from the desktop's palette so that it reads well in light and dark.
 struct DiagramColours {
-    QColor Card;    ///< behind the diagram
-    QColor Border;  ///< of the card
-    QColor Line;    ///< wires and outlines
-    QColor Symbol;  ///< inside gates, timer and latch
-    QColor Caption; ///< text in symbols
-    QColor Field;   ///< inside an empty check box
+    QColor Card;          ///< behind the diagram
+    QColor Border;        ///< of the card
+    QColor Line;          ///< wires and outlines
+    QColor Symbol;        ///< inside gates, timer and latch
+    QColor Caption;       ///< text in symbols
+    QColor Field;         ///< inside an empty check box
+    QColor Choice;        ///< caption of a check box: black on a light ground
+    QColor FocusedChoice; ///< the same with the keyboard: blue
 };
 
 DiagramColours ColoursOf(const QPalette& palette);

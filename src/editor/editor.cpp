@@ -19,6 +19,7 @@ std::string Editor::Title() const {
 
 void Editor::RebuildCatalogue() {
     catalogue_ = BuildVdr812Catalogue(config_.Version);
+    choosers_.Reset(static_cast<int>(catalogue_.Categories.size()));
     window_.ShowCategories();
 }
 

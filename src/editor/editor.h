@@ -1,7 +1,10 @@
 #pragma once
 
+#include "editor/category_choosers.h"
+#include "editor/connect_rule.h"
 #include "editor/relay_output_map.h"
 #include "editor/save_prompt.h"
+#include "editor/timer_entry.h"
 #include "editor/unit_view.h"
 #include "files/program_file.h"
 #include "model/logic_config.h"
@@ -18,6 +21,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace brindle {
 
@@ -31,11 +35,17 @@ enum class UnitRedraw {
 struct EditorWindow {
     std::function<void(bool busy)> ShowHourglass;
     std::function<void()> ShowTitle;
-    std::function<void()> ShowCategories; ///< the categories menu follows the catalogue
+    std::function<void()> ShowCategories; ///< the categories menu and the choosers follow the catalogue
     std::function<void()> ShowOutputMap;  ///< the output boxes follow the range of outputs
     std::function<void(UnitRedraw redraw)> ShowUnit;
-    std::function<void()> CloseAllChoosers;
-    PlacedForm Placement; ///< the window's place on the screen
+    /// Opens a chooser, made when first asked for, at its home; it takes the keyboard.
+    std::function<void(int category)> ShowChooser;
+    std::function<void(int category)> HideChooser;
+    std::function<void(int category)> MoveChooserHome;
+    std::function<void(int category)> RaiseChooser;
+    std::function<void()> ShowOpenChoosers;    ///< the menu's check marks follow the choosers that are open
+    std::function<void(int input)> FocusInput; ///< the keyboard goes to an input of the main window
+    PlacedForm Placement;                      ///< the window's place on the screen
     std::function<void()> Unload;
 };
 
@@ -112,6 +122,48 @@ class Editor {
     void pctSetReset_Click();           ///< flips between the sides of the shown latch; nothing for a timer
     void mnuShowNumbers_Click();        ///< the input texts follow at the next drawing of a unit
 
+    // Signals of the shown unit's inputs.
+
+    void txtPlo_Click(int input);                        ///< brings the open choosers forward
+    void txtPlo_DblClick(int input);                     ///< flips "TRUE" and "FALSE", inverts a signal
+    void mnuLogicCategoriesCategory_Click(int category); ///< opens or closes a chooser
+    void mnuLogicCategoriesLocateAll_Click();            ///< open choosers go home and come forward
+    void mnuLogicCategoriesCloseAll_Click();
+    /// A chooser's button was pressed: its signal is connected to the current input. `button` is its index in
+    /// the chooser, from 0.
+    void cmdSelectCategory_Click(int category, int button);
+
+    /// The user works in a chooser: it is the one that lies on top.
+    void UseChooser(int category) { choosers_.Use(category); }
+
+    /// The user closed a chooser's window.
+    void CloseChooser(int category);
+
+    // Times of the shown timer.
+
+    /// The text of a box was changed: a delay that can be admitted is stored, another becomes 0 with a
+    /// notice. Returns what box and read-out then say.
+    TimerEcho txtTimerPU_Change(const std::string& text) { return ChangeTimer(TimerField::PickUp, text); }
+
+    TimerEcho txtTimerDO_Change(const std::string& text) { return ChangeTimer(TimerField::DropOut, text); }
+
+    /// Showing a timer changed the text of the pick-up box. Nothing is stored, whatever the text is.
+    void txtTimerPU_Load() { config_.Modified = true; }
+
+    /// Whether a key that types `character` may pass into a box; tells the user when a key is refused.
+    bool txtTimer_KeyPress(char32_t character);
+
+    // Outputs of the shown unit.
+
+    /// The box of relay output `output`, in the logic's range, was ticked or unticked.
+    void cbxOutputMap_Click(int output, bool ticked);
+
+    // Clearing and copying. Choices are those of group_editing.h.
+
+    void cmdClearGroup_Click(int choice);
+    void cmdCopyGroup_Click(int from, int to);
+    void mnuClearDisplayedUnit_Click();
+
     // What the window copies.
 
     [[nodiscard]] const LogicConfig& Config() const { return config_; }
@@ -133,8 +185,18 @@ class Editor {
 
     [[nodiscard]] const std::string& HomeDirectory() const { return homeDirectory_; }
 
-    /// The logic for the commands that edit it.
+    /// The logic itself. Who changes it marks it modified and has the unit shown anew.
     LogicConfig& EditConfig() { return config_; }
+
+    [[nodiscard]] const CategoryChoosers& Choosers() const { return choosers_; }
+
+    /// Catalogue position of the signal whose button was pressed last; -1 before the first.
+    [[nodiscard]] int LastChosenButton() const { return lastChosenButton_; }
+
+    // The place of the group editing window, kept by the settings file.
+
+    void RestoreGroupEditingPlacement(const PlacedForm& form);
+    void SaveGroupEditingPlacement(const PlacedForm& form);
 
   private:
     void NewVdr812(float version);
@@ -148,6 +210,12 @@ class Editor {
     void WriteLogic();
     void RebuildCatalogue();
     void ShowFirstUnit();
+
+    [[nodiscard]] InputPlace CurrentInput() const { return {shown_.Group, shown_.Unit, shown_.Input}; }
+
+    TimerEcho ChangeTimer(TimerField field, const std::string& text);
+    /// Shows the current unit anew when its group is among `groups`.
+    void RedisplayIfShown(const std::vector<int>& groups);
     void NameNewFile();
     void FindHomeDirectory();
     void TellFileUsed();
@@ -158,6 +226,8 @@ class Editor {
     LogicConfig config_;
     SignalCatalogue catalogue_;
     ViewSelection shown_;
+    CategoryChoosers choosers_;
+    int lastChosenButton_ = -1;
     bool numbersChecked_ = false;
     std::string homeDirectory_;
 };

@@ -1,4 +1,5 @@
 #include "editor/editor.h"
+#include "editor/hourglass.h"
 #include "platform/paths.h"
 
 /// New, Open, Save and Save As of the main window.
@@ -8,22 +9,6 @@ namespace {
 
 constexpr const char* OpenFailed = "There was an error trying to open the File.";
 constexpr const char* SaveFailed = "There was an error trying to save the File.";
-
-/// The hourglass pointer for as long as a file is read or written.
-class Hourglass {
-  public:
-    explicit Hourglass(const EditorWindow& window) : window_(window) { window_.ShowHourglass(true); }
-
-    ~Hourglass() { window_.ShowHourglass(false); }
-
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-    Hourglass(Hourglass&&) = delete;
-    Hourglass& operator=(Hourglass&&) = delete;
-
-  private:
-    const EditorWindow& window_;
-};
 
 int FilterIndexOf(RelayKind model) {
     return model == RelayKind::Vdr812 ? 1 : 2;
@@ -62,7 +47,7 @@ void Editor::NameNewFile() {
 }
 
 void Editor::NewVdr812(float version) {
-    window_.CloseAllChoosers();
+    mnuLogicCategoriesCloseAll_Click();
     if (!MayDiscard(DiscardingCommand::New)) {
         return;
     }
@@ -98,7 +83,7 @@ std::optional<ChosenFile> Editor::ChooseFileToOpen() {
 }
 
 void Editor::mnuOpenBin_Click() {
-    window_.CloseAllChoosers();
+    mnuLogicCategoriesCloseAll_Click();
     if (!MayDiscard(DiscardingCommand::Open)) {
         return;
     }
@@ -108,7 +93,7 @@ void Editor::mnuOpenBin_Click() {
 }
 
 void Editor::OpenNamed(const ChosenFile& file) {
-    window_.CloseAllChoosers();
+    mnuLogicCategoriesCloseAll_Click();
     if (MayDiscard(DiscardingCommand::Open)) {
         Open(file);
     }
@@ -161,7 +146,7 @@ void Editor::mnuFileSave_Click() {
 }
 
 void Editor::mnuSaveBin_Click(bool beforePrinting) {
-    window_.CloseAllChoosers();
+    mnuLogicCategoriesCloseAll_Click();
     FileDialogRequest request;
     request.Kind = FileDialogKind::SaveAs;
     request.Title = beforePrinting ? "Save Binary File Prior to Printing" : "Save Binary File";

@@ -1,13 +1,16 @@
 #include "editor/form_plg.h"
 
+#include "editor/form_group_editing_functions.h"
 #include "editor/menu_tree.h"
 #include "editor/strip_label_widget.h"
 #include "editor/unit_diagram_widget.h"
+#include "settings/placed_form_widget.h"
 #include "settings/screen_scale.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
@@ -31,7 +34,7 @@ QLabel* NewLabel(const char* name, QWidget* parent) {
 
 } // namespace
 
-formPLG::formPLG(Editor& editor) : editor_(editor) {
+formPLG::formPLG(Editor& editor) : editor_(editor), choosers_(this, EventsOfChoosers()) {
     setObjectName(QStringLiteral("formPLG"));
     FitToScreen(); // first, so that every control is made with the scaled font
     BuildMenus();
@@ -50,9 +53,7 @@ formPLG::formPLG(Editor& editor) : editor_(editor) {
     lblSelectedInput_->setFrameStyle(QFrame::StyledPanel);
     lblSelectedInput_->setMargin(3);
     column->addWidget(lblSelectedInput_);
-    diagram_ = new UnitDiagramWidget(central);
-    diagram_->OnInputSelected = [this](int input) { editor_.txtPlo_GotFocus(input); };
-    diagram_->OnSetResetClicked = [this] { editor_.pctSetReset_Click(); };
+    diagram_ = new UnitDiagramWidget(central, EventsOfDiagram());
     column->addWidget(diagram_, 1);
     setCentralWidget(central);
     editor_.AttachWindow(WindowForEditor());
@@ -74,32 +75,6 @@ void formPLG::FitToScreen() {
     const QSize wanted(TwipsToPixels(static_cast<int>(form.Width)),
                        TwipsToPixels(static_cast<int>(form.Height)));
     resize(wanted.boundedTo(QApplication::primaryScreen()->availableSize()));
-}
-
-PlacedForm formPLG::PlacementForEditor() {
-    PlacedForm form;
-    form.Screen = [] {
-        const QSize screen = QApplication::primaryScreen()->size();
-        return ScreenSize{PixelsToTwips(screen.height()), PixelsToTwips(screen.width())};
-    };
-    form.State = [this] {
-        if (isMinimized()) {
-            return WindowState::Minimised;
-        }
-        return isMaximized() ? WindowState::Maximised : WindowState::Normal;
-    };
-    form.Bounds = [this] {
-        return FormBounds{PixelsToTwips(y()), PixelsToTwips(x()), PixelsToTwips(height()),
-                          PixelsToTwips(width())};
-    };
-    form.Place = [this](const FormBounds& bounds) {
-        // A settings file may hold any number; no desktop is larger than all of its screens.
-        const QSize stored(TwipsToPixels(bounds.Width), TwipsToPixels(bounds.Height));
-        resize(stored.boundedTo(QApplication::primaryScreen()->virtualSize()));
-        move(TwipsToPixels(bounds.Left), TwipsToPixels(bounds.Top));
-    };
-    form.Maximise = [this] { restoredState_ = Qt::WindowMaximized; };
-    return form;
 }
 
 QWidget* formPLG::BuildHeader(QWidget* parent) {
@@ -169,6 +144,31 @@ QHBoxLayout* formPLG::BuildUnitStrip(QWidget* parent) {
     return strip;
 }
 
+DiagramEvents formPLG::EventsOfDiagram() {
+    DiagramEvents events;
+    events.InputSelected = [this](int input) { editor_.txtPlo_GotFocus(input); };
+    events.InputClicked = [this](int input) { editor_.txtPlo_Click(input); };
+    events.InputFlipped = [this](int input) { editor_.txtPlo_DblClick(input); };
+    events.SetResetClicked = [this] { editor_.pctSetReset_Click(); };
+    events.OutputClicked = [this](int output, bool ticked) { editor_.cbxOutputMap_Click(output, ticked); };
+    const auto keyPress = [this](char32_t character) { return editor_.txtTimer_KeyPress(character); };
+    events.PickUp = {keyPress, [this](const std::string& text) { return editor_.txtTimerPU_Change(text); },
+                     [this] { editor_.txtTimerPU_Load(); }};
+    events.DropOut = {keyPress, [this](const std::string& text) { return editor_.txtTimerDO_Change(text); },
+                      [] {}};
+    return events;
+}
+
+ChooserEvents formPLG::EventsOfChoosers() {
+    return {[this](int category, int button) { editor_.cmdSelectCategory_Click(category, button); },
+            [this](int category) { editor_.UseChooser(category); },
+            [this](int category) { editor_.CloseChooser(category); },
+            [this] {
+                activateWindow();
+                diagram_->FocusInput(editor_.Shown().Input);
+            }};
+}
+
 EditorWindow formPLG::WindowForEditor() {
     EditorWindow window;
     window.ShowHourglass = [](bool busy) {
@@ -186,8 +186,16 @@ EditorWindow formPLG::WindowForEditor() {
     window.ShowCategories = [this] { ShowCategories(); };
     window.ShowOutputMap = [this] { diagram_->ShowOutputMap(editor_.OutputMap()); };
     window.ShowUnit = [this](UnitRedraw redraw) { ShowUnit(redraw); };
-    window.CloseAllChoosers = [] {};
-    window.Placement = PlacementForEditor();
+    window.ShowChooser = [this](int category) { choosers_.Show(category); };
+    window.HideChooser = [this](int category) { choosers_.Hide(category); };
+    window.MoveChooserHome = [this](int category) { choosers_.MoveHome(category); };
+    window.RaiseChooser = [this](int category) { choosers_.Raise(category); };
+    window.ShowOpenChoosers = [this] { CheckOpenChoosers(); };
+    window.FocusInput = [this](int input) {
+        activateWindow();
+        diagram_->FocusInput(input);
+    };
+    window.Placement = PlacedFormOf(*this, true, [this] { restoredState_ = Qt::WindowMaximized; });
     window.Unload = [this] { close(); };
     return window;
 }
@@ -235,6 +243,22 @@ bool formPLG::event(QEvent* event) {
         editor_.Form_Activate();
     }
     return handled;
+}
+
+void formPLG::OpenGroupEditing() {
+    if (groupEditing_ == nullptr) {
+        groupEditing_ = new formGroupEditingFunctions(editor_, this);
+    }
+    groupEditing_->Open();
+}
+
+void formPLG::keyPressEvent(QKeyEvent* event) {
+    const CategoryChoosers& choosers = editor_.Choosers();
+    if (event->key() == Qt::Key_F6 && choosers.OpenCount() > 0) {
+        choosers_.Focus(choosers.FromBackToFront().back());
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
 }
 
 void formPLG::mousePressEvent(QMouseEvent* event) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "editor/editor.h"
+#include "editor/form_category_choosers.h"
 
+#include <QHash>
 #include <QMainWindow>
 
 #include <array>
@@ -14,8 +16,10 @@ class QPushButton;
 
 namespace brindle {
 
+struct DiagramEvents;
 class StripLabelWidget;
 class UnitDiagramWidget;
+class formGroupEditingFunctions;
 
 /// The main window: the menu bar, the group and unit strips and the diagram of one unit. Every command is the
 /// editor's; the window copies the editor's views onto its controls.
@@ -31,11 +35,13 @@ class formPLG : public QMainWindow {
   protected:
     void closeEvent(QCloseEvent* event) override;
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
   private:
     EditorWindow WindowForEditor();
-    PlacedForm PlacementForEditor();
+    DiagramEvents EventsOfDiagram();
+    ChooserEvents EventsOfChoosers();
 
     void FitToScreen();
     void BuildMenus();
@@ -49,12 +55,17 @@ class formPLG : public QMainWindow {
     QHBoxLayout* BuildUnitStrip(QWidget* parent);
 
     void ShowCategories();
+    void CheckOpenChoosers();
+    void OpenGroupEditing();
     void ShowUnit(UnitRedraw redraw);
 
     Editor& editor_;
+    CategoryChooserForms choosers_;
+    formGroupEditingFunctions* groupEditing_ = nullptr; ///< made when it is first opened
     bool loaded_ = false;
     Qt::WindowStates restoredState_ = Qt::WindowNoState;
 
+    QHash<QString, QAction*> actions_;
     QMenu* mnuLogicCategories_ = nullptr;
     QLabel* lblGroup_ = nullptr;
     QLabel* lblTimerLatchUnit_ = nullptr;

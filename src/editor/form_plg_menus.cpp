@@ -24,6 +24,7 @@ void formPLG::BuildMenus() {
         }
         auto* action = new QAction(caption, this);
         action->setObjectName(name);
+        actions_.insert(name, action);
         action->setSeparator(entry.Kind == MenuEntryKind::Separator);
         action->setCheckable(entry.Checkable);
         action->setVisible(entry.Visible);
@@ -37,7 +38,7 @@ void formPLG::BuildMenus() {
 }
 
 QAction* formPLG::Action(const QString& name) const {
-    return findChild<QAction*>(name);
+    return actions_.value(name);
 }
 
 void formPLG::Connect(const QString& name, std::function<void()> command) {
@@ -57,6 +58,16 @@ void formPLG::ConnectMenus() {
         editor_.mnuShowNumbers_Click();
         Action(QStringLiteral("mnuShowNumbers"))->setChecked(editor_.NumbersChecked());
     });
+    Connect(QStringLiteral("mnuClearDisplayedUnit"), [this] { editor_.mnuClearDisplayedUnit_Click(); });
+    Connect(QStringLiteral("mnuGroupEditingFunctions"), [this] { OpenGroupEditing(); });
+    Connect(QStringLiteral("mnuLogicCategoriesLocateAll"),
+            [this] { editor_.mnuLogicCategoriesLocateAll_Click(); });
+    Connect(QStringLiteral("mnuLogicCategoriesCloseAll"),
+            [this] { editor_.mnuLogicCategoriesCloseAll_Click(); });
+    for (int category = 0; category < CategoryItems; ++category) {
+        Connect(QString::fromStdString(ElementName("mnuLogicCategoriesCategory", category)),
+                [this, category] { editor_.mnuLogicCategoriesCategory_Click(category); });
+    }
     for (int group = 1; group <= MaxGroups; ++group) {
         Connect(QString::fromStdString(ElementName("mnuGroup", group)),
                 [this, group] { editor_.mnuGroup_Click(group); });
@@ -71,15 +82,29 @@ void formPLG::ConnectMenus() {
 }
 
 void formPLG::ShowCategories() {
-    const std::vector<CategoryEntry>& categories = editor_.Catalogue().Categories;
+    const SignalCatalogue& catalogue = editor_.Catalogue();
+    std::vector<ChooserView> views;
     for (int index = 0; index < CategoryItems; ++index) {
         QAction* item = Action(QString::fromStdString(ElementName("mnuLogicCategoriesCategory", index)));
-        const auto position = static_cast<std::size_t>(index);
-        const bool known = position < categories.size();
-        item->setVisible(known && categories[position].Visible);
+        const bool known = index < editor_.Choosers().Count();
+        item->setVisible(known);
         if (known) {
-            item->setText(QString::fromStdString(categories[position].Caption));
+            const CategoryEntry& category = catalogue.Categories.at(static_cast<std::size_t>(index));
+            item->setText(QString::fromStdString(category.Caption));
+            item->setVisible(category.Visible);
+            item->setEnabled(category.Enabled);
+            views.push_back(BuildChooserView(catalogue, index));
         }
+    }
+    choosers_.ShowViews(std::move(views));
+    CheckOpenChoosers();
+}
+
+void formPLG::CheckOpenChoosers() {
+    const CategoryChoosers& choosers = editor_.Choosers();
+    for (int index = 0; index < choosers.Count(); ++index) {
+        Action(QString::fromStdString(ElementName("mnuLogicCategoriesCategory", index)))
+            ->setChecked(choosers.IsOpen(index));
     }
 }
 

@@ -17,9 +17,8 @@ QCheckBox* RelayOutputFrameWidget::NewBox(int output) {
     auto* box = new QCheckBox(this);
     box->setObjectName(QString::fromStdString(ElementName("cbxOutputMap", output)));
     box->setAccessibleName(QStringLiteral("Relay output %1").arg(output));
-    // Shows the mapping without changing it: not greyed, since it is there to be read.
-    box->setAttribute(Qt::WA_TransparentForMouseEvents);
-    box->setFocusPolicy(Qt::NoFocus);
+    box->installEventFilter(this);
+    connect(box, &QCheckBox::clicked, this, [this, output](bool ticked) { OnOutputClicked(output, ticked); });
     return box;
 }
 
@@ -48,14 +47,26 @@ void RelayOutputFrameWidget::ShowOutputs(const std::map<int, bool>& outputs) {
     }
 }
 
-void RelayOutputFrameWidget::ColourBoxes() {
-    // On the dark card of a dark desktop an empty box would be dark on dark.
+void RelayOutputFrameWidget::ColourBox(QCheckBox& box) {
     const DiagramColours colours = ColoursOf(palette());
-    QPalette boxes = palette();
-    boxes.setColor(QPalette::Base, colours.Field);
+    QPalette boxColours = palette();
+    // On the dark card of a dark desktop an empty box would be dark on dark.
+    boxColours.setColor(QPalette::Base, colours.Field);
+    boxColours.setColor(QPalette::WindowText, box.hasFocus() ? colours.FocusedChoice : colours.Choice);
+    box.setPalette(boxColours);
+}
+
+void RelayOutputFrameWidget::ColourBoxes() {
     for (const auto& [output, box] : cbxOutputMap_) {
-        box->setPalette(boxes);
+        ColourBox(*box);
     }
+}
+
+bool RelayOutputFrameWidget::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        ColourBox(*static_cast<QCheckBox*>(watched));
+    }
+    return false;
 }
 
 void RelayOutputFrameWidget::changeEvent(QEvent* event) {

@@ -4,6 +4,7 @@
 
 #include <QGroupBox>
 
+#include <functional>
 #include <map>
 
 class QCheckBox;
@@ -15,6 +16,9 @@ class RelayOutputFrameWidget : public QGroupBox {
     Q_OBJECT
   public:
     explicit RelayOutputFrameWidget(QWidget* parent);
+
+    /// Called with the output whose box the user ticked or unticked.
+    std::function<void(int output, bool ticked)> OnOutputClicked;
 
     /// Places one box per output of `layout` and hides all others.
     void ShowLayout(const OutputMapLayout& layout);
@@ -29,9 +33,11 @@ class RelayOutputFrameWidget : public QGroupBox {
 
   protected:
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     QCheckBox* NewBox(int output);
+    void ColourBox(QCheckBox& box);
     void ColourBoxes();
 
     std::map<int, QCheckBox*> cbxOutputMap_;

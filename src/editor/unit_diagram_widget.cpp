@@ -7,14 +7,20 @@
 
 #include <QEvent>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
+
+#include <algorithm>
+#include <utility>
 
 namespace brindle {
 
 namespace {
 
-constexpr int DiagramMargin = 1; // pixels kept for the card's border
+constexpr int DiagramMargin = 1;                          // pixels kept for the card's border
+constexpr QKeyCombination FlipKey = Qt::CTRL | Qt::Key_I; // what a double-click does, without a pointer
 
 QString Element(const char* array, int index) {
     return QString::fromStdString(ElementName(array, index));
@@ -26,11 +32,13 @@ QString Text(const std::string& text) {
 
 } // namespace
 
-UnitDiagramWidget::UnitDiagramWidget(QWidget* parent)
-    : QWidget(parent), pickUp_(this, QStringLiteral("PU"), QStringLiteral("Pick Up Timer (1msec)")),
-      dropOut_(this, QStringLiteral("DO"), QStringLiteral("Drop Out Timer (1msec)")),
-      latch_(this, [this] { OnSetResetClicked(); }), fraMapRelayOutput_(new RelayOutputFrameWidget(this)) {
+UnitDiagramWidget::UnitDiagramWidget(QWidget* parent, DiagramEvents events)
+    : QWidget(parent), events_(std::move(events)),
+      pickUp_(this, QStringLiteral("PU"), QStringLiteral("Pick Up Timer (1msec)"), events_.PickUp),
+      dropOut_(this, QStringLiteral("DO"), QStringLiteral("Drop Out Timer (1msec)"), events_.DropOut),
+      latch_(this, events_.SetResetClicked), fraMapRelayOutput_(new RelayOutputFrameWidget(this)) {
     setObjectName(QStringLiteral("picDiagram"));
+    fraMapRelayOutput_->OnOutputClicked = events_.OutputClicked;
     CreateInputs();
     CreateGates();
     latch_.TabAfter(dropOut_.TabAfter(pickUp_.TabAfter(txtPlo_.back())));
@@ -47,6 +55,7 @@ void UnitDiagramWidget::CreateInputs() {
         connect(box, &QLineEdit::selectionChanged, box, &QLineEdit::deselect);
         txtPlo_.at(index) = box;
         shpInvert_.at(index) = new InvertMarkWidget(Element("shpInvert", input), this);
+        CopyInput(index, view_.Inputs.at(index));
     }
 }
 
@@ -66,8 +75,12 @@ void UnitDiagramWidget::ShowOutputMap(const OutputMapLayout& layout) {
 
 void UnitDiagramWidget::ShowUnit(const UnitView& view, UnitRedraw redraw) {
     loading_ = true;
+    for (std::size_t i = 0; i < view.Inputs.size(); ++i) {
+        if (view.Inputs.at(i) != view_.Inputs.at(i)) {
+            CopyInput(i, view.Inputs.at(i));
+        }
+    }
     view_ = view;
-    CopyInputs(view);
     for (std::size_t row = 0; row < view.Gates.size(); ++row) {
         lblAND_.at(row)->setText(Text(view.Gates.at(row).Caption));
         lblAND_.at(row)->setVisible(view.Gates.at(row).Visible);
@@ -88,21 +101,17 @@ void UnitDiagramWidget::ShowUnit(const UnitView& view, UnitRedraw redraw) {
     loading_ = false;
 }
 
-void UnitDiagramWidget::CopyInputs(const UnitView& view) {
-    for (std::size_t i = 0; i < view.Inputs.size(); ++i) {
-        const InputView& input = view.Inputs.at(i);
-        QLineEdit* box = txtPlo_.at(i);
-        box->setText(Text(input.Text));
-        box->setCursorPosition(0);
-        box->setToolTip(box->text());
-        box->setPalette(BoxPalette(palette(), input.BackColour, input.Idle));
-        box->setVisible(input.Visible);
-        box->setAccessibleName(
-            Text(input.LineCaption + (input.InvertMark ? ": inverted " : ": ") + input.Text));
-        lblInputLine_.at(i)->setText(Text(input.LineCaption));
-        lblInputLine_.at(i)->setVisible(input.Visible);
-        shpInvert_.at(i)->setVisible(input.InvertMark);
-    }
+void UnitDiagramWidget::CopyInput(std::size_t index, const InputView& input) {
+    QLineEdit* box = txtPlo_.at(index);
+    box->setText(Text(input.Text));
+    box->setCursorPosition(0);
+    box->setToolTip(box->text());
+    box->setPalette(BoxPalette(input.BackColour, input.Idle));
+    box->setVisible(input.Visible);
+    box->setAccessibleName(Text(input.LineCaption + (input.InvertMark ? ": inverted " : ": ") + input.Text));
+    lblInputLine_.at(index)->setText(Text(input.LineCaption));
+    lblInputLine_.at(index)->setVisible(input.Visible);
+    shpInvert_.at(index)->setVisible(input.InvertMark);
 }
 
 QSize UnitDiagramWidget::minimumSizeHint() const {
@@ -208,29 +217,46 @@ void UnitDiagramWidget::showEvent(QShowEvent* /*event*/) {
 void UnitDiagramWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        for (std::size_t i = 0; i < txtPlo_.size(); ++i) {
-            const InputView& input = view_.Inputs.at(i);
-            txtPlo_.at(i)->setPalette(BoxPalette(palette(), input.BackColour, input.Idle));
-        }
         update();
     }
 }
 
+int UnitDiagramWidget::InputOf(const QObject* box) const {
+    return static_cast<int>(std::ranges::find(txtPlo_, box) - txtPlo_.begin()) + 1;
+}
+
 bool UnitDiagramWidget::eventFilter(QObject* watched, QEvent* event) {
-    // Only the user's own moves select: focus that the program or a change of window gives must not, nor the
-    // focus that Qt hands on as if by Tab when the box that had it is hidden.
-    const bool pressed = event->type() == QEvent::MouseButtonPress;
-    bool tabbed = false;
-    if (event->type() == QEvent::FocusIn) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        events_.InputSelected(InputOf(watched));
+        break;
+    case QEvent::FocusIn: {
+        // Only the user's own moves select: focus that the program or a change of window gives must not, nor
+        // the focus that Qt hands on as if by Tab when the box that had it is hidden.
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        tabbed = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-    }
-    if (pressed || (tabbed && !loading_)) {
-        for (std::size_t i = 0; i < txtPlo_.size(); ++i) {
-            if (txtPlo_.at(i) == watched) {
-                OnInputSelected(static_cast<int>(i) + 1);
-            }
+        if (!loading_ && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)) {
+            events_.InputSelected(InputOf(watched));
         }
+        break;
+    }
+    case QEvent::MouseButtonRelease:
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+            events_.InputClicked(InputOf(watched));
+        }
+        break;
+    case QEvent::MouseButtonDblClick:
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+            events_.InputFlipped(InputOf(watched));
+        }
+        break;
+    case QEvent::KeyPress:
+        if (static_cast<QKeyEvent*>(event)->keyCombination() == FlipKey) {
+            events_.InputFlipped(InputOf(watched));
+            return true;
+        }
+        break;
+    default:
+        break;
     }
     return false;
 }

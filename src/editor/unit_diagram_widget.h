@@ -3,6 +3,7 @@
 #include "editor/diagram_layout.h"
 #include "editor/editor.h"
 #include "editor/relay_output_map.h"
+#include "editor/timer_delay_widget.h"
 #include "editor/unit_symbol_widget.h"
 #include "editor/unit_view.h"
 
@@ -19,23 +20,29 @@ namespace brindle {
 class InvertMarkWidget;
 class RelayOutputFrameWidget;
 
+/// What the diagram tells of. Inputs count from 1 to 16.
+struct DiagramEvents {
+    std::function<void(int input)> InputSelected; ///< by pointer or keyboard
+    std::function<void(int input)> InputClicked;  ///< by the pointer, after it was selected
+    std::function<void(int input)> InputFlipped;  ///< double-clicked, or by its key
+    std::function<void()> SetResetClicked;        ///< the picture or the label of the latch's other side
+    std::function<void(int output, bool ticked)> OutputClicked;
+    DelayEvents PickUp;
+    DelayEvents DropOut;
+};
+
 /// The diagram of one unit: its controls, placed by the layout and filled from the view, over the drawn gates
 /// and wires. Decides nothing.
 class UnitDiagramWidget : public QWidget {
     Q_OBJECT
   public:
-    explicit UnitDiagramWidget(QWidget* parent);
-
-    /// Called with the input (1 to 16) that the user selected by pointer or keyboard.
-    std::function<void(int input)> OnInputSelected;
-    /// Called when the picture or the label of the latch's other side was clicked.
-    std::function<void()> OnSetResetClicked;
+    UnitDiagramWidget(QWidget* parent, DiagramEvents events);
 
     /// The output boxes follow `layout`.
     void ShowOutputMap(const OutputMapLayout& layout);
     void ShowUnit(const UnitView& view, UnitRedraw redraw);
 
-    /// Gives `input` the keyboard, without telling OnInputSelected.
+    /// Gives `input` the keyboard, without telling InputSelected.
     void FocusInput(int input);
 
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -50,12 +57,14 @@ class UnitDiagramWidget : public QWidget {
   private:
     void CreateInputs();
     void CreateGates();
-    void CopyInputs(const UnitView& view);
+    void CopyInput(std::size_t index, const InputView& input);
+    [[nodiscard]] int InputOf(const QObject* box) const;
     /// Measuring texts takes its time, so what is not yet shown is placed once, when it is.
     void PlaceVisibleControls();
     void PlaceControls();
     void FitInputText(QLineEdit& box);
 
+    DiagramEvents events_;
     bool loading_ = false; ///< a unit is being shown: what happens to controls now is not the user's doing
     UnitView view_;
     DiagramLayout layout_;

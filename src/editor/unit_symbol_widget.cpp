@@ -44,52 +44,11 @@ QLineEdit* NewDiagramBox(QWidget* parent, const QString& name) {
     return box;
 }
 
-QPalette BoxPalette(const QPalette& base, Colour ground, bool idle) {
-    QPalette palette = base;
+QPalette BoxPalette(Colour ground, bool idle) {
+    QPalette palette;
     palette.setColor(QPalette::Base, ToQColor(ground));
     palette.setColor(QPalette::Text, idle ? QColor(92, 98, 108) : QColor(16, 20, 28));
     return palette;
-}
-
-DelayControls::DelayControls(QWidget* parent, const QString& letters, const QString& label)
-    : label_(NewDiagramLabel(parent, QStringLiteral("lblTimer") + letters, Qt::AlignLeft)),
-      box_(NewDiagramBox(parent, QStringLiteral("txtTimer") + letters)),
-      readOut_(
-          NewDiagramLabel(parent, QStringLiteral("lbl") + letters + QStringLiteral("Time"), Qt::AlignLeft)),
-      caption_(NewDiagramLabel(parent, QStringLiteral("lblT") + letters,
-                               letters == QLatin1String("PU") ? Qt::AlignLeft : Qt::AlignRight, true)) {
-    const QString limits = QStringLiteral("Timer Limits: 0 to 10 Minutes, in milli-Second Increaments");
-    label_->setText(label);
-    label_->setToolTip(limits);
-    box_->setToolTip(limits);
-    box_->setAccessibleName(label);
-    box_->setPalette(BoxPalette(parent->palette(), WhiteColour, false));
-}
-
-QWidget* DelayControls::TabAfter(QWidget* previous) {
-    QWidget::setTabOrder(previous, box_);
-    return box_;
-}
-
-void DelayControls::SetShown(bool shown) {
-    SetVisible({label_, box_, readOut_, caption_}, shown);
-}
-
-void DelayControls::Show(const std::string& caption, const std::string& text, const std::string& readOut,
-                         UnitRedraw redraw) {
-    caption_->setText(Text(caption));
-    if (redraw == UnitRedraw::Selected) {
-        box_->setText(Text(text));
-        readOut_->setText(Text(readOut));
-    }
-}
-
-void DelayControls::Place(const LayoutRect& label, const LayoutRect& box, const LayoutRect& readOut,
-                          const LayoutRect& caption) {
-    label_->setGeometry(ToPixels(label));
-    box_->setGeometry(ToPixels(box));
-    readOut_->setGeometry(ToPixels(readOut));
-    caption_->setGeometry(ToPixels(caption));
 }
 
 LatchControls::LatchControls(QWidget* parent, const std::function<void()>& onOtherSide)

@@ -14,8 +14,8 @@ class QLabel;
 class QLineEdit;
 class QWidget;
 
-/// The controls of the diagram's right half: those of a timer's two delays and those of a latch. They are
-/// children of the diagram, which draws the symbols themselves.
+/// The plain controls of the diagram, and those of a latch. They are children of the diagram, which draws the
+/// symbols themselves.
 namespace brindle {
 
 /// A caption in the diagram.
@@ -24,30 +24,9 @@ QLabel* NewDiagramLabel(QWidget* parent, const QString& name, Qt::Alignment alig
 /// A text box in the diagram that shows and does not take text.
 QLineEdit* NewDiagramBox(QWidget* parent, const QString& name);
 
-/// The palette of a text box: its ground is light whatever the desktop's palette, so its text is dark; an
-/// idle text stands back.
-QPalette BoxPalette(const QPalette& base, Colour ground, bool idle);
-
-/// One delay of a timer: its label, box and read-out, and its caption in the timer's symbol.
-class DelayControls {
-  public:
-    /// `letters` are "PU" or "DO", as in the controls' names.
-    DelayControls(QWidget* parent, const QString& letters, const QString& label);
-
-    /// Comes after `previous` in the order of the Tab key; returns what the next control comes after.
-    QWidget* TabAfter(QWidget* previous);
-    void SetShown(bool shown);
-    void Show(const std::string& caption, const std::string& text, const std::string& readOut,
-              UnitRedraw redraw);
-    void Place(const LayoutRect& label, const LayoutRect& box, const LayoutRect& readOut,
-               const LayoutRect& caption);
-
-  private:
-    QLabel* label_;   ///< lblTimerPU, lblTimerDO
-    QLineEdit* box_;  ///< txtTimerPU, txtTimerDO
-    QLabel* readOut_; ///< lblPUTime, lblDOTime
-    QLabel* caption_; ///< lblTPU, lblTDO
-};
+/// The colours of a text box over those of the desktop: its ground is light in every desktop, so its text is
+/// dark; an idle text stands back.
+QPalette BoxPalette(Colour ground, bool idle);
 
 /// The captions of a latch and the picture of its other side.
 class LatchControls {

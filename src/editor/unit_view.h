@@ -50,6 +50,8 @@ struct InputView {
     bool InvertMark = false; ///< never set on a hidden input
     bool Idle = false;       ///< "FALSE" or "NO CONNECT": the text stands back behind the signals in use
     Colour BackColour = WhiteColour;
+
+    bool operator==(const InputView&) const = default;
 };
 
 struct GateView {

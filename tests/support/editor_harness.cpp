@@ -114,7 +114,15 @@ EditorWindow EditorHarness::LoggingWindow() {
     window.ShowUnit = [this](UnitRedraw redraw) {
         Log.emplace_back(redraw == UnitRedraw::Selected ? "unit selected" : "unit refreshed");
     };
-    window.CloseAllChoosers = [this] { Log.emplace_back("close choosers"); };
+    const auto logChooser = [this](const char* what) {
+        return [this, what](int category) { Log.push_back(what + std::to_string(category)); };
+    };
+    window.ShowChooser = logChooser("show chooser ");
+    window.HideChooser = logChooser("hide chooser ");
+    window.MoveChooserHome = logChooser("move chooser home ");
+    window.RaiseChooser = logChooser("raise chooser ");
+    window.ShowOpenChoosers = [this] { Log.emplace_back("open choosers"); };
+    window.FocusInput = [this](int input) { Log.push_back("focus input " + std::to_string(input)); };
     window.Unload = [this] { Log.emplace_back("unload"); };
     window.Placement.Screen = [] { return ScreenSize{16200, 28800}; };
     window.Placement.State = [] { return WindowState::Normal; };

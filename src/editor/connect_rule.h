@@ -1,0 +1,27 @@
+#pragma once
+
+#include "model/logic_config.h"
+
+/// How a click becomes a code in the file: what connecting a signal and double-clicking an input store.
+namespace brindle {
+
+/// One input of the logic.
+struct InputPlace {
+    int Group; ///< 1 to 8
+    int Unit;  ///< 1 to 10
+    int Input; ///< 1 to 16, one that the file's version shows
+};
+
+/// Connects the signal of `code`, inverted or not, to an input.
+///
+/// The first signal of an empty unit makes all its shown inputs "FALSE", and a signal that goes into a gate
+/// whose four inputs are all "FALSE" first turns the gate "TRUE", so that neither the gate's other inputs nor
+/// the other gates decide the unit. Inputs that the file's version hides are never touched. Marks the logic
+/// modified.
+void ConnectSignal(LogicConfig& config, const InputPlace& place, UnitInput code);
+
+/// What a double-click does: "TRUE" and "FALSE" are connected for each other, a signal is inverted or no
+/// longer, "NO CONNECT" stays. Marks the logic modified in every case.
+void FlipInput(LogicConfig& config, const InputPlace& place);
+
+} // namespace brindle
