@@ -25,7 +25,8 @@ QString Caption(const std::string& caption) {
 } // namespace
 
 formCategoryBrindle::formCategoryBrindle(int category, QWidget* owner)
-    : QWidget(owner, Qt::Tool), scroll_(new QScrollArea(this)) {
+    : QWidget(owner, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+      scroll_(new QScrollArea(this)) {
     setObjectName(QString::fromStdString(ElementName("formCategoryBrindle", category)));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -33,6 +34,7 @@ formCategoryBrindle::formCategoryBrindle(int category, QWidget* owner)
     scroll_->setWidgetResizable(true);
     scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->setMinimumHeight(1); // a short list makes a low window, which must not grow once it is placed
     column->addWidget(scroll_);
 }
 

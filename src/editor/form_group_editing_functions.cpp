@@ -21,6 +21,14 @@ int Choice(const QComboBox& box) {
     return box.currentIndex() + 1;
 }
 
+/// A grid of labels, boxes and buttons; the boxes of all frames stand in one line.
+QGridLayout* NewGrid(QWidget* frame) {
+    auto* grid = new QGridLayout(frame);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnMinimumWidth(0, frame->fontMetrics().horizontalAdvance(QStringLiteral("Group:")) + 4);
+    return grid;
+}
+
 QPushButton* NewButton(const char* name, const QString& caption, QWidget* parent) {
     auto* button = new QPushButton(caption, parent);
     button->setObjectName(QString::fromLatin1(name));
@@ -40,6 +48,7 @@ formGroupEditingFunctions::formGroupEditingFunctions(Editor& editor, QWidget* ow
     column->addWidget(BuildClearFrame());
     column->addWidget(BuildCopyFrame());
     auto* close = NewButton("cmdClose", QStringLiteral("Close"), this);
+    close->setDefault(true); // what Enter in a box of groups presses must not change the logic
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     column->addWidget(close, 0, Qt::AlignRight);
 }
@@ -66,11 +75,10 @@ QWidget* formGroupEditingFunctions::BuildClearFrame() {
     auto* label = new QLabel(QStringLiteral("&Group:"), frame);
     label->setObjectName(QStringLiteral("lblClearGroup"));
     label->setBuddy(cmbClearGroup_);
-    auto* grid = new QGridLayout(frame);
+    QGridLayout* grid = NewGrid(frame);
     grid->addWidget(label, 0, 0);
     grid->addWidget(cmbClearGroup_, 0, 1);
     grid->addWidget(clear, 0, 2);
-    grid->setColumnStretch(1, 1);
     return frame;
 }
 
@@ -88,13 +96,12 @@ QWidget* formGroupEditingFunctions::BuildCopyFrame() {
     auto* to = new QLabel(QStringLiteral("&To:"), frame);
     to->setObjectName(QStringLiteral("Label2"));
     to->setBuddy(cmbCopyGroupTo_);
-    auto* grid = new QGridLayout(frame);
+    QGridLayout* grid = NewGrid(frame);
     grid->addWidget(from, 0, 0);
     grid->addWidget(cmbCopyGroupFrom_, 0, 1);
     grid->addWidget(to, 1, 0);
     grid->addWidget(cmbCopyGroupTo_, 1, 1);
     grid->addWidget(copy, 1, 2);
-    grid->setColumnStretch(1, 1);
     return frame;
 }
 

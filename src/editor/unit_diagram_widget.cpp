@@ -30,6 +30,15 @@ QString Text(const std::string& text) {
     return QString::fromStdString(text);
 }
 
+/// Whether two units are drawn with the same gates, wires and symbol, so that only captions and texts differ.
+bool SameShape(const UnitView& a, const UnitView& b) {
+    const auto sameRow = [](const GateView& one, const GateView& other) {
+        return one.Visible == other.Visible;
+    };
+    return a.LatchShown == b.LatchShown && a.Latch.Side == b.Latch.Side &&
+           std::ranges::equal(a.Gates, b.Gates, sameRow);
+}
+
 } // namespace
 
 UnitDiagramWidget::UnitDiagramWidget(QWidget* parent, DiagramEvents events)
@@ -75,6 +84,7 @@ void UnitDiagramWidget::ShowOutputMap(const OutputMapLayout& layout) {
 
 void UnitDiagramWidget::ShowUnit(const UnitView& view, UnitRedraw redraw) {
     loading_ = true;
+    const bool sameShape = SameShape(view, view_);
     for (std::size_t i = 0; i < view.Inputs.size(); ++i) {
         if (view.Inputs.at(i) != view_.Inputs.at(i)) {
             CopyInput(i, view.Inputs.at(i));
@@ -97,7 +107,9 @@ void UnitDiagramWidget::ShowUnit(const UnitView& view, UnitRedraw redraw) {
         dropOut_.Show(timer.DropOutCaption, timer.DropOutText, timer.DropOutReadOut, redraw);
     }
     fraMapRelayOutput_->ShowOutputs(view.OutputSet);
-    PlaceVisibleControls();
+    if (!sameShape) {
+        PlaceVisibleControls();
+    }
     loading_ = false;
 }
 
@@ -109,6 +121,7 @@ void UnitDiagramWidget::CopyInput(std::size_t index, const InputView& input) {
     box->setPalette(BoxPalette(input.BackColour, input.Idle));
     box->setVisible(input.Visible);
     box->setAccessibleName(Text(input.LineCaption + (input.InvertMark ? ": inverted " : ": ") + input.Text));
+    FitInputText(*box);
     lblInputLine_.at(index)->setText(Text(input.LineCaption));
     lblInputLine_.at(index)->setVisible(input.Visible);
     shpInvert_.at(index)->setVisible(input.InvertMark);
