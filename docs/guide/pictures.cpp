@@ -1,16 +1,19 @@
 #include "app/surroundings.h"
 #include "editor/form_plg.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPalette>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <cstdio>
 #include <string>
 
-/// Takes the guide's pictures of the main window: guide_pictures EXAMPLES_FOLDER PICTURES_FOLDER [dark].
+/// Takes the guide's pictures of the windows: guide_pictures EXAMPLES_FOLDER PICTURES_FOLDER [dark].
 /// Run by scripts/guide-pictures.
 namespace {
 
@@ -24,7 +27,54 @@ struct Picture {
     int Input; ///< selected by the user; 0 for the one that showing the unit selects
     bool Numbers;
     QSize Size;
+    void (*Steps)(formPLG& window) = nullptr; ///< what the user then does
+    const char* Taken = nullptr;              ///< the window that is taken, when it is not the main window
 };
+
+template<class Control>
+Control* Find(formPLG& window, const char* name) {
+    return window.findChild<Control*>(QString::fromLatin1(name));
+}
+
+void SelectInput(formPLG& window, int input) {
+    const QString box = QStringLiteral("txtPlo(%1)").arg(input);
+    window.findChild<QLineEdit*>(box)->setFocus(Qt::TabFocusReason);
+}
+
+void ConnectBinaryInput(formPLG& window, int input, int signal) {
+    constexpr const char* item = "mnuLogicCategoriesCategory(22)";
+    SelectInput(window, input);
+    if (!Find<QAction>(window, item)->isChecked()) {
+        Find<QAction>(window, item)->trigger();
+    }
+    Find<QWidget>(window, "formCategoryBrindle(22)")
+        ->findChild<QAbstractButton*>(QStringLiteral("cmdSelectCategory(%1)").arg(signal - 1))
+        ->click();
+}
+
+void OpenChooser(formPLG& window) {
+    Find<QAction>(window, "mnuLogicCategoriesCategory(22)")->trigger();
+}
+
+void ConnectFirstSignal(formPLG& window) {
+    ConnectBinaryInput(window, 5, 1);
+}
+
+void DesignUnit(formPLG& window) {
+    ConnectBinaryInput(window, 5, 1);
+    ConnectBinaryInput(window, 6, 4);
+    QTest::keyClick(Find<QWidget>(window, "txtPlo(6)"), Qt::Key_I, Qt::ControlModifier);
+    ConnectBinaryInput(window, 9, 2);
+    Find<QCheckBox>(window, "cbxOutputMap(4)")->click();
+    Find<QCheckBox>(window, "cbxOutputMap(5)")->click();
+    auto* time = Find<QLineEdit>(window, "txtTimerPU");
+    time->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(time, QStringLiteral("1500"));
+}
+
+void OpenGroupEditing(formPLG& window) {
+    Find<QAction>(window, "mnuGroupEditingFunctions")->trigger();
+}
 
 constexpr QSize Usual(1000, 640);
 
@@ -36,6 +86,11 @@ const Picture Pictures[] = {
     {"latch-reset", "lockout.pl", 1, 7, 6, false, Usual},
     {"numbers", "breaker_failure.pl", 1, 2, 0, true, Usual},
     {"new-file", "", 1, 1, 0, false, {800, 600}},
+    {"chooser", "", 1, 1, 0, false, Usual, OpenChooser, "formCategoryBrindle(22)"},
+    {"first-signal", "", 1, 1, 0, false, Usual, ConnectFirstSignal},
+    {"designed-unit", "", 1, 1, 0, false, Usual, DesignUnit},
+    {"group-editing", "breaker_failure.pl", 1, 1, 0, false, Usual, OpenGroupEditing,
+     "formGroupEditingFunctions"},
 };
 
 void UseDarkPalette() {
@@ -78,11 +133,14 @@ bool Take(const Picture& picture, const std::string& examples, const QString& ta
     editor.mnuGroup_Click(picture.Group);
     editor.mnuTimerLatch_Click(picture.Unit);
     if (picture.Input != 0) {
-        const QString box = QStringLiteral("txtPlo(%1)").arg(picture.Input);
-        window.findChild<QLineEdit*>(box)->setFocus(Qt::TabFocusReason);
+        SelectInput(window, picture.Input);
+    }
+    if (picture.Steps != nullptr) {
+        picture.Steps(window);
     }
     QApplication::processEvents();
-    return window.grab().save(target + QLatin1Char('/') + QLatin1String(picture.Name) +
+    QWidget* taken = picture.Taken == nullptr ? &window : Find<QWidget>(window, picture.Taken);
+    return taken->grab().save(target + QLatin1Char('/') + QLatin1String(picture.Name) +
                               QStringLiteral(".png"));
 }
 
