@@ -58,8 +58,8 @@ void Editor::cmdSelectCategory_Click(int category, int button) {
     choosers_.Use(category);
     ConnectSignal(config_, CurrentInput(), catalogue_.Signals.at(static_cast<std::size_t>(position)).Code);
     lastChosenButton_ = position;
-    window_.ShowUnit(UnitRedraw::Refreshed);
     window_.FocusInput(shown_.Input);
+    txtPlo_GotFocus(shown_.Input); // the keyboard's return selects the input anew, and shows its new signal
 }
 
 TimerEcho Editor::ChangeTimer(TimerField field, const std::string& text) {

@@ -21,6 +21,7 @@ StripLabelWidget::StripLabelWidget(const QString& name, const QString& text, QWi
 void StripLabelWidget::ShowView(const StripLabelView& view) {
     setVisible(view.Visible);
     selected_ = view.Checked;
+    setAccessibleDescription(selected_ ? QStringLiteral("shown") : QString());
     backColour_ = view.BackColour;
     update();
 }
