@@ -109,6 +109,10 @@ class Editor {
     void mnuOpenBin_Click();
     /// Open without its dialog: a file that the command line or the recent list names.
     void OpenNamed(const ChosenFile& file);
+
+    /// Opens the file at an absolute path; its model follows its extension.
+    void OpenPath(const std::string& path) { OpenNamed(FileOfPath(path)); }
+
     void mnuFileSave_Click();
     /// Save As; before printing only the dialog's title differs.
     void mnuSaveBin_Click(bool beforePrinting = false);

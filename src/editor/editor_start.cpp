@@ -38,7 +38,7 @@ void Editor::Form_Load() {
         const FileNameParts parts = Get_File_Name_Parts(surroundings_.CommandLine);
         surroundings_.Folders.ChangeDrive(parts.Folder);
         surroundings_.Folders.ChangeFolder(parts.Folder);
-        OpenNamed(FileOfPath(surroundings_.CommandLine));
+        OpenPath(surroundings_.CommandLine);
     }
 }
 

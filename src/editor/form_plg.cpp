@@ -13,9 +13,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QTimer>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace brindle {
@@ -36,6 +39,7 @@ QLabel* NewLabel(const char* name, QWidget* parent) {
 
 formPLG::formPLG(Editor& editor) : editor_(editor), choosers_(this, EventsOfChoosers()) {
     setObjectName(QStringLiteral("formPLG"));
+    setAcceptDrops(true);
     FitToScreen(); // first, so that every control is made with the scaled font
     BuildMenus();
     ConnectMenus();
@@ -250,6 +254,20 @@ void formPLG::OpenGroupEditing() {
         groupEditing_ = new formGroupEditingFunctions(editor_, this);
     }
     groupEditing_->Open();
+}
+
+void formPLG::dragEnterEvent(QDragEnterEvent* event) {
+    const QList<QUrl> files = event->mimeData()->urls();
+    if (files.size() == 1 && files.front().isLocalFile()) {
+        event->acceptProposedAction();
+    }
+}
+
+void formPLG::dropEvent(QDropEvent* event) {
+    const std::string path = event->mimeData()->urls().front().toLocalFile().toStdString();
+    event->acceptProposedAction();
+    // Later, so that the program that the file was dragged from need not wait for the answer to a question.
+    QTimer::singleShot(0, this, [this, path] { editor_.OpenPath(path); });
 }
 
 void formPLG::keyPressEvent(QKeyEvent* event) {

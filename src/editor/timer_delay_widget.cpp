@@ -3,9 +3,11 @@
 #include "editor/diagram_painter.h"
 #include "editor/unit_symbol_widget.h"
 
+#include <QDragEnterEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMimeData>
 
 #include <algorithm>
 #include <initializer_list>
@@ -36,6 +38,14 @@ TimerBoxWidget::TimerBoxWidget(const QString& name, QWidget* parent) : QLineEdit
     setTextMargins(3, 0, 3, 0);
     setInputMethodHints(Qt::ImhDigitsOnly);
     setPalette(BoxPalette(WhiteColour, false));
+}
+
+void TimerBoxWidget::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) {
+        event->ignore(); // a file is for the window to open, though its path could be dropped as text
+    } else {
+        QLineEdit::dragEnterEvent(event);
+    }
 }
 
 void TimerBoxWidget::keyPressEvent(QKeyEvent* event) {

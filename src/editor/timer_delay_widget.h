@@ -23,6 +23,7 @@ class TimerBoxWidget : public QLineEdit {
     std::function<bool(char32_t character)> MayType;
 
   protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

@@ -67,8 +67,20 @@ TEST_F(MainWindow, CategoryItemsFollowTheVersion) {
 
 TEST_F(MainWindow, OnlyItemsWithACommandAreEnabled) {
     Start();
-    std::set<std::string> commands{"mnuNewFileVer100", "mnuNewFileVer230", "mnuOpenBin",    "mnuFileSave",
-                                   "mnuSaveBin",       "mnuExit",          "mnuShowNumbers"};
+    std::set<std::string> commands{"mnuNewFileVer100",
+                                   "mnuNewFileVer230",
+                                   "mnuOpenBin",
+                                   "mnuFileSave",
+                                   "mnuSaveBin",
+                                   "mnuExit",
+                                   "mnuClearDisplayedUnit",
+                                   "mnuGroupEditingFunctions",
+                                   "mnuLogicCategoriesLocateAll",
+                                   "mnuLogicCategoriesCloseAll",
+                                   "mnuShowNumbers"};
+    for (int category = 0; category < CategoryItems; ++category) {
+        commands.insert(ElementName("mnuLogicCategoriesCategory", category));
+    }
     for (int group = 1; group <= MaxGroups; ++group) {
         commands.insert(ElementName("mnuGroup", group));
     }
