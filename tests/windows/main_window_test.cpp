@@ -78,8 +78,10 @@ TEST_F(MainWindow, OnlyItemsWithACommandAreEnabled) {
                                    "mnuLogicCategoriesLocateAll",
                                    "mnuLogicCategoriesCloseAll",
                                    "mnuShowNumbers"};
-    for (int category = 0; category < CategoryItems; ++category) {
-        commands.insert(ElementName("mnuLogicCategoriesCategory", category));
+    for (const CategoryEntry& category : TheEditor->Catalogue().Categories) {
+        if (category.Visible) { // an item that is not shown is not enabled either
+            commands.insert(ElementName("mnuLogicCategoriesCategory", category.Number));
+        }
     }
     for (int group = 1; group <= MaxGroups; ++group) {
         commands.insert(ElementName("mnuGroup", group));
