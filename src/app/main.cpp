@@ -4,12 +4,18 @@
 #include "platform/paths.h"
 
 #include <QApplication>
+#include <QIcon>
 
 /// The editor: puts the rooms together and runs until the main window has closed.
 int main(int argc, char** argv) {
     using namespace brindle;
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brindle"));
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 128, 256}) {
+        icon.addFile(QStringLiteral(":/icons/brindle-%1.png").arg(size), QSize(size, size));
+    }
+    QApplication::setWindowIcon(icon);
     QApplication::setQuitOnLastWindowClosed(false); // the main window quits once it has asked what it must
 
     formPLG* window = nullptr;
