@@ -1,7 +1,10 @@
 #pragma once
 
+#include "platform/file_error.h"
+
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace brindle {
 
@@ -19,7 +22,21 @@ struct FolderFunctions {
     /// Makes the drive that `path` begins with current, with that drive's own current folder. Does nothing
     /// when the path names no drive or the current one, and on systems without drives.
     std::function<void(const std::string& path)> ChangeDrive;
+
+    /// Makes the folder `path` in a folder that exists. PathAccessError where that does not let us, or where
+    /// something of that name is there already; PathNotFoundError where there is no such folder.
+    std::function<FileError(const std::string& path)> MakeFolder;
+
+    /// Where the system's folders begin: its drives ("C:\\"), or its mounted volumes, "/" first.
+    std::function<std::vector<std::string>()> Drives;
+
+    /// The names of the folders in the folder `path`, links to folders too and hidden ones not, in
+    /// alphabetical order. None where it cannot be read.
+    std::function<std::vector<std::string>(const std::string& path)> Subfolders;
 };
+
+/// Sorts names of folders for show: without regard to the case of ASCII letters.
+void SortFolderNames(std::vector<std::string>& names);
 
 /// The operating system's folders.
 FolderFunctions RealFolders();

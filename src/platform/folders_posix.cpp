@@ -1,6 +1,11 @@
 #include "platform/folders.h"
+#include "platform/mounted_volumes.h"
+#include "platform/system_error.h"
 
+#include <cerrno>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <sys/stat.h>
 #include <system_error>
@@ -25,10 +30,53 @@ std::string CurrentFolder() {
     return error ? std::string() : folder.string();
 }
 
+FileError MakeFolder(const std::string& path) {
+    constexpr mode_t usualMode = 0777; // less the user's mask
+    if (::mkdir(path.c_str(), usualMode) == 0) {
+        return {};
+    }
+    const int systemError = errno;
+    const std::string source = "make folder " + path;
+    if (systemError == EEXIST || systemError == EACCES || systemError == EPERM || systemError == EROFS) {
+        return MakeFileError(PathAccessError, source);
+    }
+    return systemError == ENOENT ? MakeFileError(PathNotFoundError, source)
+                                 : SystemFileError(systemError, source);
+}
+
+std::vector<std::string> Drives() {
+    std::ifstream table("/proc/self/mounts");
+    const std::string text{std::istreambuf_iterator<char>(table), std::istreambuf_iterator<char>()};
+    std::vector<std::string> drives;
+    for (const MountedVolume& volume : MountedVolumes(text)) {
+        // A single file can be mounted too. A machine that does not answer is not asked: it would not return.
+        if (volume.Remote || FolderExists(volume.Folder)) {
+            drives.push_back(volume.Folder);
+        }
+    }
+    return drives;
+}
+
+std::vector<std::string> Subfolders(const std::string& path) {
+    std::vector<std::string> names;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(path, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        std::error_code unknown; // a dangling link is no folder
+        if (name.front() != '.' && entry->is_directory(unknown)) {
+            names.push_back(name);
+        }
+    }
+    SortFolderNames(names);
+    return names;
+}
+
 } // namespace
 
 FolderFunctions RealFolders() {
-    return {FolderExists, ChangeFolder, CurrentFolder, [](const std::string&) {}};
+    return {FolderExists, ChangeFolder, CurrentFolder, [](const std::string&) {},
+            MakeFolder,   Drives,       Subfolders};
 }
 
 std::string ProgramFolder() {

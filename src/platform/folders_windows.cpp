@@ -1,4 +1,6 @@
 #include "platform/folders.h"
+#include "platform/paths.h"
+#include "platform/system_error.h"
 #include "platform/wide_text_windows.h"
 
 #define WIN32_LEAN_AND_MEAN
@@ -49,10 +51,58 @@ void ChangeDrive(const std::string& path) {
     }
 }
 
+FileError MakeFolder(const std::string& path) {
+    if (CreateDirectoryW(WideText(path).c_str(), nullptr) != 0) {
+        return {};
+    }
+    const DWORD systemError = GetLastError();
+    const std::string source = "make folder " + path;
+    if (systemError == ERROR_ALREADY_EXISTS || systemError == ERROR_ACCESS_DENIED ||
+        systemError == ERROR_WRITE_PROTECT) {
+        return MakeFileError(PathAccessError, source);
+    }
+    return systemError == ERROR_PATH_NOT_FOUND ? MakeFileError(PathNotFoundError, source)
+                                               : SystemFileError(static_cast<int>(systemError), source);
+}
+
+std::vector<std::string> Drives() {
+    std::vector<std::string> drives;
+    const DWORD present = GetLogicalDrives(); // a bit for each letter, A the lowest
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+        if ((present >> (letter - 'A') & 1U) != 0) {
+            drives.push_back({letter, ':', '\\'});
+        }
+    }
+    return drives;
+}
+
+bool IsShownFolder(const WIN32_FIND_DATAW& found) {
+    const std::wstring_view name(found.cFileName);
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
+           (found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) == 0 && name != L"." && name != L"..";
+}
+
+std::vector<std::string> Subfolders(const std::string& path) {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(WideText(JoinPath(path, "*")).c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+        return names;
+    }
+    do {
+        if (IsShownFolder(found)) {
+            names.push_back(Utf8Text(found.cFileName));
+        }
+    } while (FindNextFileW(search, &found) != 0);
+    FindClose(search);
+    SortFolderNames(names);
+    return names;
+}
+
 } // namespace
 
 FolderFunctions RealFolders() {
-    return {FolderExists, ChangeFolder, CurrentFolder, ChangeDrive};
+    return {FolderExists, ChangeFolder, CurrentFolder, ChangeDrive, MakeFolder, Drives, Subfolders};
 }
 
 std::string ProgramFolder() {

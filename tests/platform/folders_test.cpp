@@ -7,6 +7,7 @@
 #include <fstream>
 #include <string>
 #include <unistd.h>
+#include <vector>
 
 namespace brindle {
 namespace {
@@ -67,6 +68,44 @@ TEST_F(Folders, ChangingTheDriveDoesNothingWhereThereAreNone) {
     folders_.ChangeDrive("/");
     folders_.ChangeDrive("C:\\");
     EXPECT_EQ(Path("inner"), folders_.CurrentFolder());
+}
+
+TEST_F(Folders, AMadeFolderIsThere) {
+    EXPECT_FALSE(folders_.MakeFolder(Path("new ~ 1")).Failed());
+    EXPECT_TRUE(folders_.FolderExists(Path("new ~ 1")));
+}
+
+TEST_F(Folders, AFolderCannotBeMadeWhereANameIsTakenOrNoFolderIs) {
+    EXPECT_EQ(PathAccessError, folders_.MakeFolder(Path("inner")).Number);
+    EXPECT_EQ(PathAccessError, folders_.MakeFolder(Path("file")).Number);
+    EXPECT_EQ(PathNotFoundError, folders_.MakeFolder(Path("nothing/new")).Number);
+    EXPECT_EQ(PathNotFoundError, folders_.MakeFolder(Path("file/new")).Number);
+    EXPECT_EQ(BadFileNameError, folders_.MakeFolder(Path(std::string(300, 'x'))).Number);
+    EXPECT_EQ("make folder " + Path("inner"), folders_.MakeFolder(Path("inner")).Source);
+}
+
+TEST_F(Folders, AFolderMarkedReadOnlyTakesNone) {
+    if (geteuid() == 0) {
+        GTEST_SKIP() << "everything is allowed to root";
+    }
+    std::filesystem::permissions(Path("inner"),
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    EXPECT_EQ(PathAccessError, folders_.MakeFolder(Path("inner/new")).Number);
+}
+
+TEST_F(Folders, SubfoldersAreTheFoldersThatAUserSees) {
+    for (const char* name : {"Zeta", "alpha", "Beta", ".hidden"}) {
+        std::filesystem::create_directory(folder_ / name);
+    }
+    std::filesystem::create_directory_symlink(Path("inner"), Path("link"));
+    std::filesystem::create_directory_symlink(Path("gone"), Path("dangling"));
+    EXPECT_EQ((std::vector<std::string>{"alpha", "Beta", "inner", "link", "Zeta"}),
+              folders_.Subfolders(folder_.string()));
+}
+
+TEST_F(Folders, WhatCannotBeReadHasNoSubfolders) {
+    EXPECT_TRUE(folders_.Subfolders(Path("nothing")).empty());
+    EXPECT_TRUE(folders_.Subfolders(Path("file")).empty());
 }
 
 TEST_F(Folders, TheProgramFolderHoldsThisVeryProgram) {

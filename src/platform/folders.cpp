@@ -1,0 +1,23 @@
+#include "platform/folders.h"
+
+#include <algorithm>
+
+namespace brindle {
+
+namespace {
+
+char UpperLetter(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+} // namespace
+
+void SortFolderNames(std::vector<std::string>& names) {
+    std::sort(names.begin(), names.end()); // names that differ in case alone have an order too
+    std::stable_sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+        return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                            [](char x, char y) { return UpperLetter(x) < UpperLetter(y); });
+    });
+}
+
+} // namespace brindle
