@@ -1,6 +1,5 @@
 #include "settings/recent_files.h"
-
-#include <algorithm>
+#include "settings/utf8_characters.h"
 
 /// How recent files are shown in the menu.
 namespace brindle {
@@ -9,34 +8,6 @@ namespace {
 
 constexpr std::size_t GreatestCaptionPath = 60; // characters: wider menus hide the window
 constexpr std::string_view Dots = "...";
-
-bool ContinuesCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; // in UTF-8
-}
-
-std::size_t CharacterCount(std::string_view text) {
-    return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](char byte) { return !ContinuesCharacter(byte); }));
-}
-
-std::string_view FirstCharacters(std::string_view text, std::size_t count) {
-    std::size_t end = 0;
-    while (end < text.size() && CharacterCount(text.substr(0, end + 1)) <= count) {
-        ++end;
-    }
-    return text.substr(0, end);
-}
-
-std::string_view LastCharacters(std::string_view text, std::size_t count) {
-    std::size_t begin = 0;
-    while (begin < text.size() && CharacterCount(text.substr(begin)) > count) {
-        ++begin;
-    }
-    while (begin < text.size() && ContinuesCharacter(text[begin])) {
-        ++begin;
-    }
-    return text.substr(begin);
-}
 
 /// A menu would take "&" for an access key, and a tab for the start of a shortcut.
 std::string AsCaption(const std::string& path) {
