@@ -15,7 +15,7 @@ std::string ProgramBytes(float version, UnitInput code = 0) {
     return {image.begin(), image.end()};
 }
 
-/// A started editor with the file /data/x.pl, version 1.00.
+/// A started editor with the file /data/x.pl, version 1.00, and chooser 3 open.
 struct FileCommands : testing::Test {
     EditorHarness Harness;
 
@@ -23,7 +23,7 @@ struct FileCommands : testing::Test {
         Harness.Folders.insert("/data");
         Harness.Files["/data/x.pl"] = ProgramBytes(Version100, 33);
         Harness.Start();
-        Harness.Log.clear();
+        OpenChooser();
     }
 
     [[nodiscard]] const LogicConfig& Config() { return Harness->Config(); }
@@ -31,6 +31,12 @@ struct FileCommands : testing::Test {
     void OpenX() {
         Harness.ChooseFile("/data", "x.pl");
         Harness->mnuOpenBin_Click();
+        OpenChooser();
+    }
+
+    /// What closes all choosers then shows in the log, which begins anew.
+    void OpenChooser() {
+        Harness->mnuLogicCategoriesCategory_Click(3);
         Harness.Log.clear();
     }
 };
@@ -47,8 +53,8 @@ TEST_F(FileCommands, OpenShowsTheFilesLogic) {
     EXPECT_EQ(Harness->Catalogue(), BuildVdr812Catalogue(Version100));
     EXPECT_EQ(Harness->Title(), "VDR812 Programmable Logic          (File: /data/x.pl) Version: 1.00");
     EXPECT_EQ(Harness.Log,
-              (std::vector<std::string>{"close choosers", "used /data/x.pl x.pl 1", "hourglass on",
-                                        "categories", "title", "output map", "unit selected",
+              (std::vector<std::string>{"open choosers", "hide chooser 3", "used /data/x.pl x.pl 1",
+                                        "hourglass on", "categories", "title", "output map", "unit selected",
                                         "used /data/x.pl x.pl 1", "hourglass off"}));
 }
 
@@ -89,7 +95,7 @@ TEST_F(FileCommands, ACancelledOpenChangesNothing) {
     Harness->mnuOpenBin_Click();
     EXPECT_EQ(Config().FilePath, before.FilePath);
     EXPECT_EQ(Config().Groups, before.Groups);
-    EXPECT_EQ(Harness.Log, (std::vector<std::string>{"close choosers"}));
+    EXPECT_EQ(Harness.Log, (std::vector<std::string>{"open choosers", "hide chooser 3"}));
 }
 
 TEST_F(FileCommands, AFailedReadLeavesLogicFileAndTitle) {
@@ -173,7 +179,7 @@ TEST_F(FileCommands, ANamedFileIsOpenedWithoutADialogAfterTheQuestion) {
     Harness->OpenNamed({"/data/x.pl", "x.pl", RelayKind::Vdr812});
     EXPECT_EQ(Config().FileTitle, "x.pl");
     EXPECT_TRUE(Harness.Dialogs.empty());
-    EXPECT_EQ(Harness.Log.front(), "close choosers");
+    EXPECT_EQ(Harness.Log.at(1), "hide chooser 3") << "first of all, whatever the answer";
 }
 
 TEST_F(FileCommands, SaveWritesTheSameBytesBackWithoutAsking) {
@@ -250,8 +256,8 @@ TEST_F(FileCommands, SaveAsTakesTheChosenName) {
     EXPECT_EQ(Config().FilePath, "/data/y.pl");
     EXPECT_EQ(Config().FileTitle, "y.pl");
     EXPECT_FALSE(Config().Modified);
-    EXPECT_EQ(Harness.Log, (std::vector<std::string>{"close choosers", "hourglass on", "title",
-                                                     "used /data/y.pl y.pl 1", "hourglass off"}));
+    EXPECT_EQ(Harness.Log, (std::vector<std::string>{"open choosers", "hide chooser 3", "hourglass on",
+                                                     "title", "used /data/y.pl y.pl 1", "hourglass off"}));
 }
 
 TEST_F(FileCommands, TheSaveAsDialogIsAskedForInTheSystemsWords) {
@@ -284,7 +290,7 @@ TEST_F(FileCommands, ACancelledSaveAsChangesNothing) {
     Harness->mnuSaveBin_Click();
     EXPECT_EQ(Config().FileTitle, "x.pl");
     EXPECT_TRUE(Config().Modified);
-    EXPECT_EQ(Harness.Log, (std::vector<std::string>{"close choosers"}));
+    EXPECT_EQ(Harness.Log, (std::vector<std::string>{"open choosers", "hide chooser 3"}));
 }
 
 TEST_F(FileCommands, AFailedSaveAsKeepsTheChanges) {
@@ -312,8 +318,8 @@ TEST_F(FileCommands, NewMakesAnEmptyLogicOfItsVersion) {
     EXPECT_EQ(Harness->Shown().Unit, 1);
     EXPECT_EQ(Harness->Shown().Input, 5);
     EXPECT_EQ(Harness->Catalogue(), BuildVdr812Catalogue(Version230));
-    EXPECT_EQ(Harness.Log, (std::vector<std::string>{"close choosers", "categories", "output map",
-                                                     "unit selected", "title"}));
+    EXPECT_EQ(Harness.Log, (std::vector<std::string>{"open choosers", "hide chooser 3", "categories",
+                                                     "output map", "unit selected", "title"}));
     Harness->mnuNewFileVer100_Click();
     EXPECT_EQ(Config().Version, 1.0F);
     EXPECT_EQ(Config().LastOutput, 9);

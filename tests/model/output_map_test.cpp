@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <map>
 #include <stdexcept>
+#include <utility>
 
 namespace brindle {
 namespace {
@@ -72,6 +74,50 @@ RC_GTEST_PROP(BitOfOutput, NoTwoOutputsOfAVdr810ShareABit, ()) {
     const OutputBit a = BitOfOutput(config, one);
     const OutputBit b = BitOfOutput(config, other);
     RC_ASSERT((a.Bank == b.Bank && a.Mask == b.Mask) == (one == other));
+}
+
+/// Maps and unmaps any outputs of any units in any order and compares with a table of what was ticked last.
+void MappingsAreIndependent(LogicConfig config, int first, int last) {
+    std::map<std::pair<int, int>, bool> ticked; // by slot and output
+    const int steps = *rc::gen::inRange(1, 60);
+    for (int step = 0; step < steps; ++step) {
+        const int unit = *rc::gen::inRange(1, UnitsPerGroup + 1);
+        const int output = *rc::gen::inRange(first, last + 1);
+        const bool on = *rc::gen::arbitrary<bool>();
+        MapOutput(config, 5, unit, output, on);
+        ticked[{Unit(unit).MapSlot, output}] = on;
+    }
+    for (int unit = 1; unit <= UnitsPerGroup; ++unit) {
+        for (int output = first; output <= last; ++output) {
+            RC_ASSERT(OutputMapped(config, 5, unit, output) == (ticked[{Unit(unit).MapSlot, output}]));
+        }
+    }
+    config.Group(5) = LogicGroup{};
+    RC_ASSERT(config.Groups == LogicConfig{}.Groups);
+}
+
+RC_GTEST_PROP(MapOutput, OutputsOfAVdr812AreIndependent, ()) {
+    MappingsAreIndependent(LogicConfig{}, 1, Vdr812OutputBits);
+}
+
+RC_GTEST_PROP(MapOutput, OutputsOfAVdr810AreIndependent, ()) {
+    MappingsAreIndependent(Vdr810Config(7, 60), 7, 60);
+}
+
+TEST(MapOutput, BitsBesideTheOutputsStayAsAFileBroughtThem) {
+    LogicConfig config;
+    config.Group(1).OutputMap(1, 1) = 0xFFFC0001;
+    MapOutput(config, 1, 1, 2, true);
+    EXPECT_EQ(config.Group(1).OutputMap(1, 1), 0xFFFD0001U);
+    MapOutput(config, 1, 1, 2, false);
+    EXPECT_EQ(config.Group(1).OutputMap(1, 1), 0xFFFC0001U);
+}
+
+TEST(MapOutput, AnOutputWithoutABitIsAFaultOfTheCaller) {
+    LogicConfig config;
+    EXPECT_THROW(MapOutput(config, 1, 1, 19, true), std::out_of_range);
+    LogicConfig vdr810 = Vdr810Config(3, 200);
+    EXPECT_THROW(MapOutput(vdr810, 1, 1, 3 + 128, true), std::out_of_range);
 }
 
 } // namespace
