@@ -1,4 +1,5 @@
 #include "platform/browser.h"
+#include "platform/paths.h"
 
 #include <array>
 #include <cerrno>
@@ -23,7 +24,7 @@ std::string FindOnPath(const std::string& name) {
     std::string folder;
     while (std::getline(folders, folder, ':')) {
         // An empty entry means the current folder, in which a stranger's program may lie.
-        const std::string program = folder + "/" + name;
+        std::string program = JoinPath(folder, name);
         if (!folder.empty() && ::access(program.c_str(), X_OK) == 0) {
             return program;
         }
