@@ -23,7 +23,8 @@ struct ChooserView {
     std::vector<ChooserButton> Buttons;
 };
 
-/// The chooser of the category at position `category`: its signals that are shown, in catalogue order.
+/// The chooser of the category at position `category`: its signals that are shown, in catalogue order. A
+/// position without a category is a fault of the caller (std::out_of_range).
 ChooserView BuildChooserView(const SignalCatalogue& catalogue, int category);
 
 struct ChooserHome {
@@ -33,10 +34,11 @@ struct ChooserHome {
     bool operator==(const ChooserHome&) const = default;
 };
 
-/// Where each of `count` choosers is placed when it is opened or located: in columns from the right edge of
-/// `screen` leftwards, each one chooser and a gap wide, the tops in a column a step apart down to half the
-/// screen's height. The step is `titleHeight`, so that every title shows, and less where more columns than
-/// the screen has room for would be needed; no chooser begins left of the screen.
+/// Where each of `count` (0 or more) choosers of a positive width is placed when it is opened or located: in
+/// columns from the right edge of `screen` leftwards, each one chooser and a gap wide, the tops in a column a
+/// step apart down to half the screen's height. The step is `titleHeight`, so that every title shows, and
+/// less where more columns than the screen has room for would be needed; no chooser begins left of the
+/// screen.
 std::vector<ChooserHome> ChooserHomes(int count, const FormBounds& screen, int chooserWidth, int titleHeight);
 
 /// Which choosers are open, and which was used last.

@@ -14,10 +14,10 @@ struct InputPlace {
 
 /// Connects the signal of `code`, inverted or not, to an input.
 ///
-/// The first signal of an empty unit makes all its shown inputs "FALSE", and a signal that goes into a gate
-/// whose four inputs are all "FALSE" first turns the gate "TRUE", so that neither the gate's other inputs nor
-/// the other gates decide the unit. Inputs that the file's version hides are never touched. Marks the logic
-/// modified.
+/// A signal for an input that is "NO CONNECT", such as the first one of an empty unit, makes all shown inputs
+/// of the unit "FALSE", those that hold signals too. A signal that goes into a gate whose four inputs are all
+/// "FALSE" first turns the gate "TRUE". So neither the gate's other inputs nor the other gates decide the
+/// unit. Inputs that the file's version hides are never touched. Marks the logic modified.
 void ConnectSignal(LogicConfig& config, const InputPlace& place, UnitInput code);
 
 /// What a double-click does: "TRUE" and "FALSE" are connected for each other, a signal is inverted or no

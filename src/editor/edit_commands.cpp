@@ -18,6 +18,7 @@ void Editor::txtPlo_Click(int /*input*/) {
 void Editor::txtPlo_DblClick(int input) {
     txtPlo_GotFocus(input);
     FlipInput(config_, CurrentInput());
+    shown_.NumbersShown = numbersChecked_;
     window_.ShowUnit(UnitRedraw::Refreshed);
 }
 
@@ -58,11 +59,15 @@ void Editor::cmdSelectCategory_Click(int category, int button) {
     choosers_.Use(category);
     ConnectSignal(config_, CurrentInput(), catalogue_.Signals.at(static_cast<std::size_t>(position)).Code);
     lastChosenButton_ = position;
+    shown_.NumbersShown = numbersChecked_;
     window_.FocusInput(shown_.Input);
     txtPlo_GotFocus(shown_.Input); // the keyboard's return selects the input anew, and shows its new signal
 }
 
 TimerEcho Editor::ChangeTimer(TimerField field, const std::string& text) {
+    if (!IsTimer(shown_.Unit)) {
+        return {}; // a box that is being hidden gets the rest of a composed character: it is nobody's time
+    }
     if (field == TimerField::PickUp) {
         config_.Modified = true; // of the drop-out time alone the exit prompt does not ask
     }

@@ -124,14 +124,16 @@ class Editor {
     void mnuTimerLatch_Click(int unit); ///< 1 to 10
     void txtPlo_GotFocus(int input);    ///< 1 to 16: selects the input
     void pctSetReset_Click();           ///< flips between the sides of the shown latch; nothing for a timer
-    void mnuShowNumbers_Click();        ///< the input texts follow at the next drawing of a unit
+    void mnuShowNumbers_Click(); ///< the input texts follow at the next drawing of a unit or edit of an input
 
     // Signals of the shown unit's inputs.
 
-    void txtPlo_Click(int input);                        ///< brings the open choosers forward
-    void txtPlo_DblClick(int input);                     ///< flips "TRUE" and "FALSE", inverts a signal
-    void mnuLogicCategoriesCategory_Click(int category); ///< opens or closes a chooser
-    void mnuLogicCategoriesLocateAll_Click();            ///< open choosers go home and come forward
+    void txtPlo_Click(int input);    ///< brings the open choosers forward
+    void txtPlo_DblClick(int input); ///< flips "TRUE" and "FALSE", inverts a signal
+    /// Opens or closes the chooser of the category at position `category` of the catalogue; another number is
+    /// a fault of the caller (std::out_of_range), here and below.
+    void mnuLogicCategoriesCategory_Click(int category);
+    void mnuLogicCategoriesLocateAll_Click(); ///< open choosers go home and come forward
     void mnuLogicCategoriesCloseAll_Click();
     /// A chooser's button was pressed: its signal is connected to the current input. `button` is its index in
     /// the chooser, from 0.
@@ -189,7 +191,7 @@ class Editor {
 
     [[nodiscard]] const std::string& HomeDirectory() const { return homeDirectory_; }
 
-    /// The logic itself. Who changes it marks it modified and has the unit shown anew.
+    /// The logic, for tests to bring it into a state of theirs; edits are made by the commands above.
     LogicConfig& EditConfig() { return config_; }
 
     [[nodiscard]] const CategoryChoosers& Choosers() const { return choosers_; }

@@ -25,6 +25,12 @@ class CategoryChooserForms {
     /// `owner` is the main window, above which the choosers stay.
     CategoryChooserForms(QWidget* owner, ChooserEvents events);
 
+    CategoryChooserForms(const CategoryChooserForms&) = delete;
+    CategoryChooserForms& operator=(const CategoryChooserForms&) = delete;
+    CategoryChooserForms(CategoryChooserForms&&) = delete;
+    CategoryChooserForms& operator=(CategoryChooserForms&&) = delete;
+    ~CategoryChooserForms() = default;
+
     /// Follows a new catalogue: what each chooser shows, and the width that all share.
     void ShowViews(std::vector<ChooserView> views);
 

@@ -87,6 +87,10 @@ QWidget* formPLG::BuildHeader(QWidget* parent) {
     lblGroup_ = NewLabel("lblGroup", header);
     lblTimerLatchUnit_ = NewLabel("lblTimerLatchUnit", header);
 
+    // Made before the buttons, so that the Tab key reaches them in this order.
+    QHBoxLayout* groups = BuildGroupStrip(header);
+    QHBoxLayout* units = BuildUnitStrip(header);
+
     auto* save = new QPushButton(QStringLiteral("Save"), header);
     save->setObjectName(QStringLiteral("cmdbtnSave"));
     save->setToolTip(QStringLiteral("Saves File. Does not Prompt about Over Write!!"));
@@ -101,10 +105,10 @@ QWidget* formPLG::BuildHeader(QWidget* parent) {
     grid->setVerticalSpacing(6);
     grid->setHorizontalSpacing(8);
     grid->addWidget(lblGroup_, 0, 0);
-    grid->addLayout(BuildGroupStrip(header), 0, 1);
+    grid->addLayout(groups, 0, 1);
     grid->addWidget(save, 0, 3);
     grid->addWidget(lblTimerLatchUnit_, 1, 0);
-    grid->addLayout(BuildUnitStrip(header), 1, 1);
+    grid->addLayout(units, 1, 1);
     grid->addWidget(constants, 1, 3);
     grid->setColumnStretch(2, 1);
     // The strips stay where they are when the caption changes from "Timer:" to "Latch Reset:".
@@ -258,7 +262,8 @@ void formPLG::OpenGroupEditing() {
 
 void formPLG::dragEnterEvent(QDragEnterEvent* event) {
     const QList<QUrl> files = event->mimeData()->urls();
-    if (files.size() == 1 && files.front().isLocalFile()) {
+    const bool waiting = QApplication::activeModalWidget() != nullptr; // a command has a question open
+    if (files.size() == 1 && files.front().isLocalFile() && !waiting) {
         event->acceptProposedAction();
     }
 }
@@ -267,7 +272,11 @@ void formPLG::dropEvent(QDropEvent* event) {
     const std::string path = event->mimeData()->urls().front().toLocalFile().toStdString();
     event->acceptProposedAction();
     // Later, so that the program that the file was dragged from need not wait for the answer to a question.
-    QTimer::singleShot(0, this, [this, path] { editor_.OpenPath(path); });
+    QTimer::singleShot(0, this, [this, path] {
+        if (QApplication::activeModalWidget() == nullptr) {
+            editor_.OpenPath(path);
+        }
+    });
 }
 
 void formPLG::keyPressEvent(QKeyEvent* event) {

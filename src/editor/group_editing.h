@@ -19,8 +19,8 @@ std::vector<std::string> GroupEntries();
 /// Whether `choice` stands for groups that the logic has.
 bool ChoiceInLogic(const LogicConfig& config, int choice);
 
-/// The choice that a copy of `group` offers as its target at first: the group after it, the first after the
-/// last.
+/// The choice that a copy of `group` (1 to 8) offers as its target at first: the group after it, the first
+/// after the last.
 int NextGroup(const LogicConfig& config, int group);
 
 MessageBox ClearGroupQuestion(int choice);

@@ -28,6 +28,7 @@ void RelayOutputFrameWidget::ShowLayout(const OutputMapLayout& layout) {
     for (const auto& [output, box] : cbxOutputMap_) {
         box->hide();
     }
+    QCheckBox* previous = nullptr;
     for (const OutputBoxLayout& place : layout.Boxes) {
         QCheckBox*& box = cbxOutputMap_[place.Output];
         if (box == nullptr) {
@@ -37,6 +38,10 @@ void RelayOutputFrameWidget::ShowLayout(const OutputMapLayout& layout) {
         box->setGeometry(TwipsToPixels(place.Left), TwipsToPixels(place.Top), TwipsToPixels(place.Width),
                          TwipsToPixels(place.Height));
         box->show();
+        if (previous != nullptr) {
+            setTabOrder(previous, box);
+        }
+        previous = box;
     }
     ColourBoxes();
 }

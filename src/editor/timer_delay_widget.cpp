@@ -1,7 +1,7 @@
 #include "editor/timer_delay_widget.h"
 
+#include "editor/diagram_controls_widget.h"
 #include "editor/diagram_painter.h"
-#include "editor/unit_symbol_widget.h"
 
 #include <QDragEnterEvent>
 #include <QInputMethodEvent>
@@ -65,6 +65,8 @@ void TimerBoxWidget::inputMethodEvent(QInputMethodEvent* event) {
     // Characters that are composed of several keys come this way.
     for (const uint character : event->commitString().toUcs4()) {
         if (!MayType(character)) {
+            QInputMethodEvent nothing; // takes what was being composed off the box
+            QLineEdit::inputMethodEvent(&nothing);
             return;
         }
     }

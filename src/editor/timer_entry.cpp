@@ -1,18 +1,35 @@
 #include "editor/timer_entry.h"
 
+#include <array>
 #include <charconv>
 
 namespace brindle {
 
 namespace {
 
+/// Blanks as text from documents and tables brings them along, in UTF-8: those of ASCII, the no-break ones,
+/// the figure and the ideographic one, and the ends of lines and paragraphs.
+constexpr std::array<std::string_view, 12> Blanks{
+    " ",        "\t",           "\r",           "\n",           "\v",           "\f",
+    "\xC2\xA0", "\xE2\x80\xAF", "\xE2\x80\x87", "\xE3\x80\x80", "\xE2\x80\xA8", "\xE2\x80\xA9"};
+
 std::string_view WithoutSurroundingBlanks(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n\v\f";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) {
-        return {};
+    for (std::size_t before = 0; before != text.size();) {
+        before = text.size();
+        for (const std::string_view blank : Blanks) {
+            if (text.starts_with(blank)) {
+                text.remove_prefix(blank.size());
+            }
+            if (text.ends_with(blank)) {
+                text.remove_suffix(blank.size());
+            }
+        }
     }
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text;
+}
+
+bool IsDigit(char character) {
+    return character >= '0' && character <= '9';
 }
 
 MessageBox Notice(const std::string& text) {
@@ -22,7 +39,10 @@ MessageBox Notice(const std::string& text) {
 } // namespace
 
 std::optional<std::int32_t> DelayOfText(std::string_view text) {
-    const std::string_view digits = WithoutSurroundingBlanks(text);
+    std::string_view digits = WithoutSurroundingBlanks(text);
+    if (digits.size() > 1 && digits.front() == '+' && IsDigit(digits[1])) {
+        digits.remove_prefix(1);
+    }
     const char* end = digits.data() + digits.size();
     std::int32_t value = 0;
     const auto [stop, error] = std::from_chars(digits.data(), end, value);

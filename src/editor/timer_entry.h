@@ -20,8 +20,8 @@ enum class KeyVerdict {
     Refused    ///< the key has no effect, and the user is told why
 };
 
-/// The delay that `text` stands for: a whole number from 0 to `LongestDelay`, with leading zeros and
-/// surrounding blanks if need be. Nothing for any other number or text.
+/// The delay that `text` stands for: a whole number from 0 to `LongestDelay`, with a plus sign, leading
+/// zeros and surrounding blanks if need be. Nothing for any other number or text.
 std::optional<std::int32_t> DelayOfText(std::string_view text);
 
 /// What becomes of a key that types `character`: digits and Backspace pass, Enter is swallowed.

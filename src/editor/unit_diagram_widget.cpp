@@ -1,5 +1,6 @@
 #include "editor/unit_diagram_widget.h"
 
+#include "editor/diagram_controls_widget.h"
 #include "editor/diagram_painter.h"
 #include "editor/diagram_parts_widget.h"
 #include "editor/menu_tree.h"
@@ -264,7 +265,9 @@ bool UnitDiagramWidget::eventFilter(QObject* watched, QEvent* event) {
         break;
     case QEvent::KeyPress:
         if (static_cast<QKeyEvent*>(event)->keyCombination() == FlipKey) {
-            events_.InputFlipped(InputOf(watched));
+            if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) { // held down, it must not end by chance
+                events_.InputFlipped(InputOf(watched));
+            }
             return true;
         }
         break;

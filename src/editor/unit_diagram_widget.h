@@ -2,9 +2,9 @@
 
 #include "editor/diagram_layout.h"
 #include "editor/editor.h"
+#include "editor/latch_controls_widget.h"
 #include "editor/relay_output_map.h"
 #include "editor/timer_delay_widget.h"
-#include "editor/unit_symbol_widget.h"
 #include "editor/unit_view.h"
 
 #include <QWidget>

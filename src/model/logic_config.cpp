@@ -16,7 +16,7 @@ std::array<char, 6> VersionTextOf(float version) {
 
 void ClearConfig(LogicConfig& config) {
     for (int group = 1; group <= config.GroupCount; ++group) {
-        ClearGroup(config.Group(group));
+        ClearGroup(config.Group(group), UnconnectedCode(config));
     }
     config.Header.Magic = {'p', 'l', 'c', 'd'};
     config.Header.VersionText = VersionTextOf(config.Version);

@@ -111,8 +111,9 @@ inline UnitInput UnconnectedCode(const LogicConfig& config) {
     return config.RelayModel == RelayKind::Vdr812 ? NoConnectCode : config.Coding.FalseCode;
 }
 
-/// Empties the logic: codes, times and output words of groups 1 to `GroupCount` become 0, `Magic` "plcd", and
-/// `VersionText` follows `Version`. `HeaderWord`, `Text1` and `Text2` stay: a new file carries them on.
+/// Empties the logic: codes of groups 1 to `GroupCount` become UnconnectedCode, times and output words 0,
+/// `Magic` "plcd", and `VersionText` follows `Version`. `HeaderWord`, `Text1` and `Text2` stay: a new file
+/// carries them on.
 void ClearConfig(LogicConfig& config);
 
 /// Makes the logic one of a VDR812 program of `version`: model, version, group count, coding and output
@@ -132,10 +133,10 @@ std::array<char, 6> VersionTextOf(float version);
 
 /// Clears one unit of a group: its 16 codes become `emptyCode` (0 for the VDR812), a timer's two times 0, and
 /// all words of its output slot 0 (a latch's other side loses its mapping too, since the two share the slot).
-void ClearUnit(LogicGroup& group, int unit, UnitInput emptyCode = NoConnectCode);
+void ClearUnit(LogicGroup& group, int unit, UnitInput emptyCode);
 
 /// Clears all units, times and output words of a group.
-void ClearGroup(LogicGroup& group, UnitInput emptyCode = NoConnectCode);
+void ClearGroup(LogicGroup& group, UnitInput emptyCode);
 
 /// Copies everything of group `from` (1 to 8) onto group `to`; equal numbers change nothing.
 void CopyGroup(LogicConfig& config, int from, int to);

@@ -176,6 +176,27 @@ TEST_F(EditCommands, LoadingAPickUpTimeMarksTheLogicModifiedAndStoresNothing) {
     EXPECT_TRUE(Harness.Boxes.empty());
 }
 
+TEST_F(EditCommands, AChangeOfATimesTextWhileALatchIsShownIsNobodys) {
+    Harness->mnuTimerLatch_Click(7);
+    Logic().Modified = false;
+    const auto before = Config().Groups;
+    EXPECT_EQ(Harness->txtTimerPU_Change("5").ReadOut, std::nullopt);
+    EXPECT_EQ(Harness->txtTimerDO_Change("600001").ReadOut, std::nullopt);
+    EXPECT_EQ(Config().Groups, before);
+    EXPECT_FALSE(Config().Modified);
+    EXPECT_TRUE(Harness.Boxes.empty());
+}
+
+TEST_F(EditCommands, AnEditShowsTheNumbersOfTheCheckMark) {
+    Harness->mnuShowNumbers_Click();
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "NO CONNECT") << "the texts follow later";
+    Harness->txtPlo_DblClick(5);
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "0 -> NO CONNECT");
+    Harness->mnuShowNumbers_Click();
+    Choose(22, "INP1");
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "INP1");
+}
+
 TEST_F(EditCommands, AKeyThatIsNoDigitIsRefusedWithANotice) {
     EXPECT_TRUE(Harness->txtTimer_KeyPress(U'7'));
     EXPECT_TRUE(Harness->txtTimer_KeyPress(8));

@@ -22,7 +22,16 @@ TEST(DelayOfText, LeadingZerosDoNotCount) {
 TEST(DelayOfText, BlanksAroundTheNumberDoNotCount) {
     EXPECT_EQ(DelayOfText("  75 "), 75);
     EXPECT_EQ(DelayOfText("\t75\r\n"), 75);
+    EXPECT_EQ(DelayOfText("\xC2\xA0 75\xE2\x80\xAF\xE2\x80\xA8"), 75) << "as tables and documents write them";
     EXPECT_EQ(DelayOfText("7 5"), std::nullopt);
+    EXPECT_EQ(DelayOfText("\xC2\xA0"), std::nullopt);
+}
+
+TEST(DelayOfText, OnePlusSignDoesNotCount) {
+    EXPECT_EQ(DelayOfText("+75"), 75);
+    for (const char* text : {"+", "++75", "+-75", "+ 75"}) {
+        EXPECT_EQ(DelayOfText(text), std::nullopt) << text;
+    }
 }
 
 TEST(DelayOfText, ANumberBeyond32BitsIsNone) {

@@ -128,7 +128,7 @@ TEST(ClearUnit, OfATimerClearsItsInputsTimesAndOutputsAlone) {
     expected.Unit(2).Inputs.fill(0);
     expected.Timer(2) = {0, 0};
     expected.OutputWords[1].fill(0);
-    ClearUnit(group, 2);
+    ClearUnit(group, 2, NoConnectCode);
     EXPECT_EQ(expected, group);
 }
 
@@ -137,7 +137,7 @@ TEST(ClearUnit, OfOneLatchSideClearsTheMappingOfBothAndNoTimes) {
     LogicGroup expected = group;
     expected.Unit(10).Inputs.fill(0);
     expected.OutputWords[7].fill(0);
-    ClearUnit(group, 10);
+    ClearUnit(group, 10, NoConnectCode);
     EXPECT_EQ(expected, group);
 }
 
@@ -151,7 +151,7 @@ TEST(ClearUnit, FillsTheInputsWithTheModelsEmptyCode) {
 
 TEST(ClearGroup, LeavesNothing) {
     LogicGroup group = FilledGroup(5);
-    ClearGroup(group);
+    ClearGroup(group, NoConnectCode);
     EXPECT_EQ(LogicGroup{}, group);
 }
 
@@ -189,6 +189,16 @@ TEST(LogicConfig, AnIndexOutOfRangeIsAFaultOfTheCaller) {
     EXPECT_THROW((void)config.Group(1).Timer(7), std::out_of_range);
     EXPECT_THROW((void)config.Group(1).OutputMap(9, 1), std::out_of_range);
     EXPECT_THROW((void)config.Group(1).OutputMap(1, 0), std::out_of_range);
+}
+
+TEST(ClearConfig, AnEmptyVdr810LogicHoldsItsUnconnectedSignal) {
+    LogicConfig config;
+    config.RelayModel = RelayKind::Vdr810;
+    config.Coding = {1000, 400};
+    config.GroupCount = 7;
+    ClearConfig(config);
+    EXPECT_EQ(config.InputCode(7, 10, 16), 400);
+    EXPECT_EQ(config.InputCode(8, 1, 1), 0) << "beyond the group count";
 }
 
 } // namespace
