@@ -40,7 +40,7 @@ int Reference(const QByteArray& object, const char* key) {
 
 QByteArray StreamOf(const QByteArray& object) {
     const qsizetype begin = object.indexOf("stream\n") + 7;
-    const QByteArray bytes = object.mid(begin, object.lastIndexOf("\nendstream") - begin);
+    QByteArray bytes = object.mid(begin, object.lastIndexOf("\nendstream") - begin);
     if (!object.left(begin).contains("/FlateDecode")) {
         return bytes;
     }
