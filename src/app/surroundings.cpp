@@ -3,11 +3,20 @@
 #include "app/version.h"
 #include "platform/common_dialogs.h"
 
+#include <QApplication>
+#include <QDateTime>
+#include <QLocale>
+
 #include <utility>
 
 namespace brindle {
 
 EditorSurroundings RealSurroundings(const std::string& programFolder, std::function<QWidget*()> parent) {
+    // Boxes come up over the dialog that is open, else over the main window.
+    const auto owner = [parent = std::move(parent)] {
+        QWidget* modal = QApplication::activeModalWidget();
+        return modal != nullptr ? modal : parent();
+    };
     EditorSurroundings surroundings;
     surroundings.ProgramFolder = programFolder;
     surroundings.ProgramMajor = ProgramMajor;
@@ -16,12 +25,17 @@ EditorSurroundings RealSurroundings(const std::string& programFolder, std::funct
     surroundings.Files = RealFileSystem();
     surroundings.Profile = SystemProfile(surroundings.Files);
     surroundings.Folders = RealFolders();
-    surroundings.ShowMessageBox = [parent](const MessageBox& box) { return ShowQtMessageBox(parent(), box); };
-    surroundings.RunFileDialog = [parent = std::move(parent)](const FileDialogRequest& request) {
-        return RunQtFileDialog(parent(), request);
+    surroundings.ShowMessageBox = [owner](const MessageBox& box) { return ShowQtMessageBox(owner(), box); };
+    surroundings.RunFileDialog = [owner](const FileDialogRequest& request) {
+        return RunQtFileDialog(owner(), request);
     };
-    surroundings.LoadRecentFiles = [] {};
-    surroundings.FileUsed = [](const std::string&, const std::string&, RelayKind) {};
+    surroundings.Browser = RealBrowser();
+    surroundings.Date = [] {
+        return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString();
+    };
+    surroundings.Time = [] {
+        return QLocale::system().toString(QTime::currentTime(), QLocale::ShortFormat).toStdString();
+    };
     return surroundings;
 }
 

@@ -2,7 +2,6 @@
 #include "editor/group_editing.h"
 #include "editor/hourglass.h"
 #include "model/output_map.h"
-#include "settings/setting_keys.h"
 
 #include <algorithm>
 
@@ -128,14 +127,6 @@ void Editor::mnuClearDisplayedUnit_Click() {
         ClearUnit(config_.Group(shown_.Group), shown_.Unit, UnconnectedCode(config_));
         mnuTimerLatch_Click(shown_.Unit);
     }
-}
-
-void Editor::RestoreGroupEditingPlacement(const PlacedForm& form) {
-    RestorePlacement(settings_, SectionBrindle, form, GroupEditingKeys);
-}
-
-void Editor::SaveGroupEditingPlacement(const PlacedForm& form) {
-    SavePlacement(settings_, SectionBrindle, form, GroupEditingKeys);
 }
 
 } // namespace brindle

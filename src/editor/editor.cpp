@@ -9,7 +9,9 @@ namespace brindle {
 
 Editor::Editor(EditorSurroundings surroundings)
     : surroundings_(std::move(surroundings)), settings_(surroundings_.ProgramFolder, surroundings_.Profile,
-                                                        surroundings_.Files, surroundings_.ShowMessageBox) {}
+                                                        surroundings_.Files, surroundings_.ShowMessageBox),
+      recentFiles_(surroundings_.ProgramFolder, surroundings_.Profile, surroundings_.Files,
+                   surroundings_.ShowMessageBox) {}
 
 std::string Editor::Title() const {
     const std::string model = config_.RelayModel == RelayKind::Vdr812 ? "VDR812" : "VDR810";

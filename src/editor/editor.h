@@ -9,13 +9,17 @@
 #include "files/program_file.h"
 #include "model/logic_config.h"
 #include "model/signal_catalogue.h"
+#include "platform/browser.h"
 #include "platform/file_dialog.h"
 #include "platform/file_system.h"
 #include "platform/folders.h"
 #include "platform/message_box.h"
+#include "report/logic_report.h"
 #include "settings/file_command.h"
 #include "settings/profile.h"
+#include "settings/recent_files.h"
 #include "settings/settings_file.h"
+#include "settings/web_links.h"
 #include "settings/window_placement.h"
 
 #include <functional>
@@ -35,8 +39,9 @@ enum class UnitRedraw {
 struct EditorWindow {
     std::function<void(bool busy)> ShowHourglass;
     std::function<void()> ShowTitle;
-    std::function<void()> ShowCategories; ///< the categories menu and the choosers follow the catalogue
-    std::function<void()> ShowOutputMap;  ///< the output boxes follow the range of outputs
+    std::function<void()> ShowCategories;  ///< the categories menu and the choosers follow the catalogue
+    std::function<void()> ShowRecentFiles; ///< the File menu follows the files used last
+    std::function<void()> ShowOutputMap;   ///< the output boxes follow the range of outputs
     std::function<void(UnitRedraw redraw)> ShowUnit;
     /// Opens a chooser, made when first asked for, at its home; it takes the keyboard.
     std::function<void(int category)> ShowChooser;
@@ -61,11 +66,9 @@ struct EditorSurroundings {
     FolderFunctions Folders;
     brindle::ShowMessageBox ShowMessageBox;
     brindle::RunFileDialog RunFileDialog;
-    /// Called once at start, when the recent files are wanted for the menu.
-    std::function<void()> LoadRecentFiles;
-    /// Told of every file chosen in the Open dialog and of every file read or written well: path, name,
-    /// model.
-    std::function<void(const std::string& path, const std::string& title, RelayKind model)> FileUsed;
+    BrowserFunctions Browser;
+    std::function<std::string()> Date; ///< today in the system's short form
+    std::function<std::string()> Time; ///< now in the system's short form
 };
 
 /// A file that a command is to open.
@@ -117,6 +120,31 @@ class Editor {
     /// Save As; before printing only the dialog's title differs.
     void mnuSaveBin_Click(bool beforePrinting = false);
     void mnuExit_Click();
+    /// Opens entry `index` (0 to 9) of Recent() anew; nothing for an unused one.
+    void mnuFileRecentFiles_Click(int index);
+    /// Takes `folder` as home directory, in which dialogs open and new files are named, and stores it.
+    void ChooseHomeDirectory(const std::string& folder);
+    /// Writes the signal constants into the current folder.
+    void Command1_Click();
+
+    // Printing. The print dialog is the window's; it steps through units by mnuGroup_Click and
+    // mnuTimerLatch_Click.
+
+    /// Before the print dialog opens: a logic with changes is offered to Save As.
+    void mnuPrint_Click();
+
+    /// Units are about to be stepped through for printing, or no longer; shown with the next unit.
+    void SetPrinting(bool printing) { shown_.Printing = printing; }
+
+    /// What the reports of this logic have in common.
+    [[nodiscard]] UnitReportRequest ReportStart() const;
+
+    // The web.
+
+    [[nodiscard]] WebLinks Web() const { return ReadWebLinks(settings_); }
+
+    /// Opens a web address in the user's browser; tells why when that fails.
+    void OpenAddress(const std::string& address);
 
     // What is shown.
 
@@ -199,10 +227,15 @@ class Editor {
     /// Catalogue position of the signal whose button was pressed last; -1 before the first.
     [[nodiscard]] int LastChosenButton() const { return lastChosenButton_; }
 
-    // The place of the group editing window, kept by the settings file.
+    [[nodiscard]] const RecentFiles& Recent() const { return recentFiles_.Entries(); }
 
-    void RestoreGroupEditingPlacement(const PlacedForm& form);
-    void SaveGroupEditingPlacement(const PlacedForm& form);
+    /// What the editor was given at its start.
+    [[nodiscard]] const EditorSurroundings& Surroundings() const { return surroundings_; }
+
+    // The places of other windows, kept by the settings file under `keys`.
+
+    void RestorePlace(const PlacedForm& form, const PlacementKeys& keys);
+    void SavePlace(const PlacedForm& form, const PlacementKeys& keys);
 
   private:
     void NewVdr812(float version);
@@ -224,11 +257,12 @@ class Editor {
     void RedisplayIfShown(const std::vector<int>& groups);
     void NameNewFile();
     void FindHomeDirectory();
-    void TellFileUsed();
+    void EnterRecent(const RecentFile& file);
 
     EditorSurroundings surroundings_;
     EditorWindow window_;
     SettingsFile settings_;
+    RecentFileList recentFiles_;
     LogicConfig config_;
     SignalCatalogue catalogue_;
     ViewSelection shown_;

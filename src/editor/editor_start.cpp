@@ -9,7 +9,7 @@ namespace brindle {
 void Editor::Form_Initialize() {
     CheckProgramVersion(settings_, surroundings_.ProgramMajor, surroundings_.ProgramMinor,
                         surroundings_.ProgramRevision);
-    surroundings_.LoadRecentFiles();
+    recentFiles_.Load();
 }
 
 void Editor::FindHomeDirectory() {
@@ -26,6 +26,7 @@ void Editor::FindHomeDirectory() {
 
 void Editor::Form_Load() {
     MakeNewVdr812(config_, Version230);
+    window_.ShowRecentFiles();
     window_.ShowOutputMap();
     RebuildCatalogue();
     FindHomeDirectory();

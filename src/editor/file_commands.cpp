@@ -78,7 +78,7 @@ std::optional<ChosenFile> Editor::ChooseFileToOpen() {
         return {};
     }
     const RelayKind model = answer->FilterIndex == 1 ? RelayKind::Vdr812 : RelayKind::Vdr810;
-    surroundings_.FileUsed(answer->FileName, answer->FileTitle, model);
+    EnterRecent({answer->FileName, answer->FileTitle, model});
     return ChosenFile{answer->FileName, answer->FileTitle, model};
 }
 
@@ -120,15 +120,23 @@ void Editor::Open(const ChosenFile& file) {
         window_.ShowOutputMap();
         ShowFirstUnit();
         config_.Modified = false;
-        TellFileUsed();
+        EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
     }
     if (bytesRead < ProgramFileSize) {
         surroundings_.ShowMessageBox(ShortFileNotice(file.Path, bytesRead));
     }
 }
 
-void Editor::TellFileUsed() {
-    surroundings_.FileUsed(config_.FilePath, config_.FileTitle, config_.RelayModel);
+void Editor::EnterRecent(const RecentFile& file) {
+    recentFiles_.Enter(file);
+    window_.ShowRecentFiles();
+}
+
+void Editor::mnuFileRecentFiles_Click(int index) {
+    const RecentFile file = Recent().at(static_cast<std::size_t>(index));
+    if (file.Used()) {
+        OpenNamed({file.Path, file.Name, file.Model});
+    }
 }
 
 void Editor::WriteLogic() {
@@ -137,7 +145,7 @@ void Editor::WriteLogic() {
     const auto write = [&] { return WriteProgramFile(surroundings_.Files, config_.FilePath, config_); };
     if (RunFileCommand({write}, SaveFailed, surroundings_.ShowMessageBox) == FileOutcome::Done) {
         config_.Modified = false;
-        TellFileUsed();
+        EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
     }
 }
 

@@ -119,7 +119,7 @@ void formGroupEditingFunctions::Open() {
     OfferGroups(*cmbCopyGroupFrom_, shown);
     OfferGroups(*cmbCopyGroupTo_, NextGroup(editor_.Config(), shown));
     adjustSize();
-    editor_.RestoreGroupEditingPlacement(PlacedFormOf(*this, false));
+    editor_.RestorePlace(PlacedFormOf(*this, false), GroupEditingKeys);
     cmbClearGroup_->setFocus();
     show();
 }
@@ -127,7 +127,7 @@ void formGroupEditingFunctions::Open() {
 void formGroupEditingFunctions::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
     if (!event->spontaneous()) {
-        editor_.SaveGroupEditingPlacement(PlacedFormOf(*this, false));
+        editor_.SavePlace(PlacedFormOf(*this, false), GroupEditingKeys);
     }
 }
 

@@ -1,6 +1,5 @@
 #include "editor/form_plg.h"
 
-#include "editor/form_group_editing_functions.h"
 #include "editor/menu_tree.h"
 #include "editor/strip_label_widget.h"
 #include "editor/unit_diagram_widget.h"
@@ -98,7 +97,10 @@ QWidget* formPLG::BuildHeader(QWidget* parent) {
     connect(save, &QPushButton::clicked, this, [this] { editor_.mnuFileSave_Click(); });
     auto* constants = new QPushButton(QStringLiteral("Make ENUM"), header);
     constants->setObjectName(QStringLiteral("Command1"));
-    constants->setEnabled(false);
+    constants->setToolTip(
+        QStringLiteral("Writes the signal constants into the file Const.tmp of the current folder"));
+    constants->setAutoDefault(false);
+    connect(constants, &QPushButton::clicked, this, [this] { editor_.Command1_Click(); });
 
     auto* grid = new QGridLayout(header);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -191,6 +193,7 @@ EditorWindow formPLG::WindowForEditor() {
         // Qt would take it for the place of its own mark of unsaved changes.
         setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
     };
+    window.ShowRecentFiles = [this] { ShowRecentFiles(); };
     window.ShowCategories = [this] { ShowCategories(); };
     window.ShowOutputMap = [this] { diagram_->ShowOutputMap(editor_.OutputMap()); };
     window.ShowUnit = [this](UnitRedraw redraw) { ShowUnit(redraw); };
@@ -251,13 +254,6 @@ bool formPLG::event(QEvent* event) {
         editor_.Form_Activate();
     }
     return handled;
-}
-
-void formPLG::OpenGroupEditing() {
-    if (groupEditing_ == nullptr) {
-        groupEditing_ = new formGroupEditingFunctions(editor_, this);
-    }
-    groupEditing_->Open();
 }
 
 void formPLG::dragEnterEvent(QDragEnterEvent* event) {

@@ -19,7 +19,11 @@ namespace brindle {
 struct DiagramEvents;
 class StripLabelWidget;
 class UnitDiagramWidget;
+class formAbout;
 class formGroupEditingFunctions;
+class formHomeDir;
+class formPrintBrindle;
+struct PrintSurroundings;
 
 /// The main window: the menu bar, the group and unit strips and the diagram of one unit. Every command is the
 /// editor's; the window copies the editor's views onto its controls.
@@ -58,12 +62,22 @@ class formPLG : public QMainWindow {
 
     void ShowCategories();
     void CheckOpenChoosers();
+    void ShowRecentFiles();
+    void BuildWebItems();
     void OpenGroupEditing();
+    PrintSurroundings SurroundingsOfPrint();
+    void OpenPrint();
+    void OpenHomeDir();
+    void OpenAbout();
     void ShowUnit(UnitRedraw redraw);
 
     Editor& editor_;
     CategoryChooserForms choosers_;
-    formGroupEditingFunctions* groupEditing_ = nullptr; ///< made when it is first opened
+    // Dialogs, made when first opened and owned by the window.
+    formGroupEditingFunctions* groupEditing_ = nullptr;
+    formPrintBrindle* print_ = nullptr;
+    formHomeDir* homeDir_ = nullptr;
+    formAbout* about_ = nullptr;
     bool loaded_ = false;
     Qt::WindowStates restoredState_ = Qt::WindowNoState;
 

@@ -53,6 +53,14 @@ void formPLG::ConnectMenus() {
     Connect(QStringLiteral("mnuOpenBin"), [this] { editor_.mnuOpenBin_Click(); });
     Connect(QStringLiteral("mnuFileSave"), [this] { editor_.mnuFileSave_Click(); });
     Connect(QStringLiteral("mnuSaveBin"), [this] { editor_.mnuSaveBin_Click(); });
+    Connect(QStringLiteral("mnuHomeDir"), [this] { OpenHomeDir(); });
+    Connect(QStringLiteral("mnuPrint"), [this] { OpenPrint(); });
+    for (int index = 0; index < RecentFileCount; ++index) {
+        Connect(QString::fromStdString(ElementName("mnuFileRecentFiles", index)),
+                [this, index] { editor_.mnuFileRecentFiles_Click(index); });
+    }
+    Connect(QStringLiteral("mnuAbout"), [this] { OpenAbout(); });
+    BuildWebItems();
     Connect(QStringLiteral("mnuExit"), [this] { editor_.mnuExit_Click(); });
     Connect(QStringLiteral("mnuShowNumbers"), [this] {
         editor_.mnuShowNumbers_Click();
@@ -78,6 +86,7 @@ void formPLG::ConnectMenus() {
     }
     Action(QStringLiteral("mnuOpenBin"))->setShortcut(QKeySequence::Open);
     Action(QStringLiteral("mnuFileSave"))->setShortcut(QKeySequence::Save);
+    Action(QStringLiteral("mnuPrint"))->setShortcut(QKeySequence::Print);
     Action(QStringLiteral("mnuSaveBin"))->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
 }
 

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace brindle {
 namespace {
 
@@ -55,6 +57,34 @@ TEST_F(EditCommands, FalseIsConnectedByItsCodeAndNotItsPosition) {
     Choose(0, "FALSE");
     EXPECT_EQ(Config().InputCode(1, 1, 5), 255);
     EXPECT_EQ(Harness->LastChosenButton(), 104);
+}
+
+TEST_F(EditCommands, AButtonStandsForTheSignalThatItsVersionHasThere) {
+    Harness->cmdSelectCategory_Click(18, 0);
+    EXPECT_EQ(Config().InputCode(1, 1, 5), 102);
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "3P TRIP SEAL");
+    Logic().Modified = false;
+    Harness->mnuNewFileVer100_Click();
+    Harness->cmdSelectCategory_Click(18, 0);
+    EXPECT_EQ(Config().InputCode(1, 1, 1), 69);
+    EXPECT_EQ(Harness->View().Inputs[0].Text, "DSP TRIP");
+}
+
+TEST_F(EditCommands, AChooserWhoseButtonWasPressedLiesOnTop) {
+    for (const int category : {22, 0}) {
+        Harness->mnuLogicCategoriesCategory_Click(category);
+    }
+    Choose(22, "INP1");
+    EXPECT_EQ(Harness->Choosers().Current(), 22);
+    EXPECT_EQ(Harness->Choosers().FromBackToFront(), (std::vector<int>{0, 22}));
+}
+
+TEST_F(EditCommands, ACategoryOrButtonThatIsNotThereIsAFaultOfTheCaller) {
+    EXPECT_THROW(Harness->cmdSelectCategory_Click(22, 9), std::out_of_range);
+    EXPECT_THROW(Harness->cmdSelectCategory_Click(31, 0), std::out_of_range);
+    EXPECT_THROW(Harness->mnuLogicCategoriesCategory_Click(31), std::out_of_range);
+    EXPECT_FALSE(Config().Modified);
+    EXPECT_TRUE(Harness.Log.empty());
 }
 
 TEST_F(EditCommands, AfterAConnectTheInvertMarkIsThatOfTheNewCode) {
@@ -124,6 +154,15 @@ TEST_F(EditCommands, CloseAllClosesEveryOpenChooserInOrder) {
     Harness->mnuLogicCategoriesCloseAll_Click();
     EXPECT_EQ(Harness.Log, (Lines{"open choosers", "hide chooser 2", "open choosers", "hide chooser 22"}));
     EXPECT_EQ(Harness->Choosers().OpenCount(), 0);
+}
+
+TEST_F(EditCommands, AChooserClosedByItsWindowIsOpenedAnewByItsMenuItem) {
+    Harness->mnuLogicCategoriesCategory_Click(22);
+    Harness->CloseChooser(22);
+    EXPECT_FALSE(Harness->Choosers().IsOpen(22));
+    Harness.Log.clear();
+    Harness->mnuLogicCategoriesCategory_Click(22);
+    EXPECT_EQ(Harness.Log, (Lines{"open choosers", "show chooser 22"}));
 }
 
 TEST_F(EditCommands, ATimeIsStoredInItsFieldOfTheShownTimer) {
@@ -288,6 +327,35 @@ TEST_F(EditCommands, ClearingTheShownLatchTakesTheOutputsOfItsOtherSideToo) {
     EXPECT_EQ(Config().Group(1).OutputMap(7, 1), 0U);
     EXPECT_TRUE(Config().Modified);
     EXPECT_EQ(Harness.Log, Lines{"unit selected"});
+}
+
+TEST_F(EditCommands, ClearingAVdr810TimerLeavesItsUnconnectedSignalInItsInputs) {
+    Logic().RelayModel = RelayKind::Vdr810;
+    Logic().Coding = {1000, 400};
+    Logic().Group(1).Unit(1).Inputs.fill(33);
+    Logic().Group(1).Timer(1) = {5, 6};
+    Harness.AnswerBox(MessageAnswer::Ok);
+    Harness->mnuClearDisplayedUnit_Click();
+    EXPECT_EQ(Config().InputCode(1, 1, 1), 400);
+    EXPECT_EQ(Config().InputCode(1, 1, 16), 400) << "hidden inputs too";
+    EXPECT_EQ(Config().Group(1).Timer(1), UnitTimer{});
+}
+
+TEST_F(EditCommands, ThePlaceOfTheGroupEditingWindowIsKept) {
+    PlacedForm form;
+    FormBounds bounds{600, 900, 3000, 4500};
+    form.Screen = [] { return ScreenSize{16200, 28800}; };
+    form.State = [] { return WindowState::Normal; };
+    form.Bounds = [&] { return bounds; };
+    form.Place = [&](const FormBounds& place) { bounds = place; };
+    form.Maximise = [] { ADD_FAILURE() << "was not maximised"; };
+    Harness->SavePlace(form, GroupEditingKeys);
+    const FormBounds kept = bounds;
+    bounds.Top = 0;
+    bounds.Left = 0;
+    Harness->RestorePlace(form, GroupEditingKeys);
+    EXPECT_EQ(bounds.Top, kept.Top);
+    EXPECT_EQ(bounds.Left, kept.Left);
 }
 
 } // namespace

@@ -72,8 +72,8 @@ TEST(FormLoad, ARelativeHomeDirectoryCountsFromTheProgramsFolder) {
 TEST(FormLoad, ThePlacementIsRestoredBeforeTheUnitIsShown) {
     EditorHarness harness;
     harness.Start();
-    const std::vector<std::string> expected{"load recent files", "output map", "categories", "place", "title",
-                                            "unit selected"};
+    const std::vector<std::string> expected{"recent  ", "output map", "categories",
+                                            "place",    "title",      "unit selected"};
     EXPECT_EQ(harness.Log, expected);
     EXPECT_NE(harness.Profile.Text->find("WindowWidth=12000"), std::string::npos)
         << "never stored: stored at once";

@@ -53,9 +53,9 @@ TEST_F(FileCommands, OpenShowsTheFilesLogic) {
     EXPECT_EQ(Harness->Catalogue(), BuildVdr812Catalogue(Version100));
     EXPECT_EQ(Harness->Title(), "VDR812 Programmable Logic          (File: /data/x.pl) Version: 1.00");
     EXPECT_EQ(Harness.Log,
-              (std::vector<std::string>{"open choosers", "hide chooser 3", "used /data/x.pl x.pl 1",
+              (std::vector<std::string>{"open choosers", "hide chooser 3", "recent /data/x.pl x.pl",
                                         "hourglass on", "categories", "title", "output map", "unit selected",
-                                        "used /data/x.pl x.pl 1", "hourglass off"}));
+                                        "recent /data/x.pl x.pl", "hourglass off"}));
 }
 
 TEST_F(FileCommands, OpenShowsGroup1Timer1WhateverWasShown) {
@@ -192,7 +192,7 @@ TEST_F(FileCommands, SaveWritesTheSameBytesBackWithoutAsking) {
     EXPECT_TRUE(Harness.Boxes.empty());
     EXPECT_TRUE(Harness.Dialogs.size() == 1U) << "the one that opened the file";
     EXPECT_EQ(Harness.Log,
-              (std::vector<std::string>{"hourglass on", "title", "used /data/x.pl x.pl 1", "hourglass off"}));
+              (std::vector<std::string>{"hourglass on", "title", "recent /data/x.pl x.pl", "hourglass off"}));
 }
 
 TEST_F(FileCommands, SaveOfANewFileReplacesNewFileInTheHomeDirectory) {
@@ -215,7 +215,7 @@ TEST_F(FileCommands, AFailedSaveKeepsModifiedAndTheOldFile) {
     EXPECT_EQ(Harness.Boxes[0].Text, "The selected path can not be accessed.");
     EXPECT_TRUE(Config().Modified);
     EXPECT_EQ(Harness.Files["/data/x.pl"], old);
-    EXPECT_EQ(Harness.Count("used"), 0U);
+    EXPECT_EQ(Harness.Count("recent"), 0U);
     EXPECT_EQ(Harness.Log.back(), "hourglass off");
 }
 
@@ -257,7 +257,7 @@ TEST_F(FileCommands, SaveAsTakesTheChosenName) {
     EXPECT_EQ(Config().FileTitle, "y.pl");
     EXPECT_FALSE(Config().Modified);
     EXPECT_EQ(Harness.Log, (std::vector<std::string>{"open choosers", "hide chooser 3", "hourglass on",
-                                                     "title", "used /data/y.pl y.pl 1", "hourglass off"}));
+                                                     "title", "recent /data/y.pl y.pl", "hourglass off"}));
 }
 
 TEST_F(FileCommands, TheSaveAsDialogIsAskedForInTheSystemsWords) {

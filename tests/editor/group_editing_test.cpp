@@ -8,19 +8,21 @@
 namespace brindle {
 namespace {
 
-/// A logic in which every group differs from every other, in inputs, times and all output words.
+/// A logic in which no two inputs, times or output words are equal.
 LogicConfig ManifoldLogic() {
     LogicConfig config;
     MakeNewVdr812(config, Version230);
-    for (int group = 1; group <= MaxGroups; ++group) {
-        for (LogicUnit& unit : config.Group(group).Units) {
-            unit.Inputs.fill(group);
+    int next = 0;
+    for (LogicGroup& group : config.Groups) {
+        for (LogicUnit& unit : group.Units) {
+            std::ranges::generate(unit.Inputs, [&] { return ++next; });
         }
-        for (UnitTimer& timer : config.Group(group).Timers) {
-            timer = {group * 10, group * 100};
+        for (UnitTimer& timer : group.Timers) {
+            timer = {next + 1, next + 2};
+            next += 2;
         }
-        for (auto& slot : config.Group(group).OutputWords) {
-            slot.fill(static_cast<std::uint32_t>(group) << 5U);
+        for (auto& slot : group.OutputWords) {
+            std::ranges::generate(slot, [&] { return static_cast<std::uint32_t>(++next); });
         }
     }
     return config;

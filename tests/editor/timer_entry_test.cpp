@@ -59,6 +59,19 @@ RC_GTEST_PROP(DelayOfText, TakesNoOtherNumber, (std::int64_t number)) {
     RC_ASSERT(DelayOfText(std::to_string(number)) == std::nullopt);
 }
 
+RC_GTEST_PROP(DelayOfText, TakesNoTextWithACharacterThatIsNeitherDigitNorBlankNorSign, ()) {
+    std::string text = std::to_string(*rc::gen::inRange<std::int32_t>(0, LongestDelay + 1));
+    const auto isForeign = [](char character) {
+        const bool belongs =
+            (character >= '0' && character <= '9') || (character >= '\t' && character <= '\r');
+        return !belongs && character != ' ' && character != '+';
+    };
+    const char foreign = *rc::gen::suchThat(rc::gen::arbitrary<char>(), isForeign);
+    text.insert(*rc::gen::inRange<std::size_t>(0, text.size() + 1), 1, foreign);
+    // "-0" is a whole number in the range.
+    RC_ASSERT(text == "-0" || DelayOfText(text) == std::nullopt);
+}
+
 TEST(TimerKey, DigitsAndBackspacePass) {
     for (char32_t digit = U'0'; digit <= U'9'; ++digit) {
         EXPECT_EQ(JudgeTimerKey(digit), KeyVerdict::Accepted);

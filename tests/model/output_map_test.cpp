@@ -101,7 +101,7 @@ RC_GTEST_PROP(MapOutput, OutputsOfAVdr812AreIndependent, ()) {
 }
 
 RC_GTEST_PROP(MapOutput, OutputsOfAVdr810AreIndependent, ()) {
-    MappingsAreIndependent(Vdr810Config(7, 60), 7, 60);
+    MappingsAreIndependent(Vdr810Config(7, 30), 7, 30);
 }
 
 TEST(MapOutput, BitsBesideTheOutputsStayAsAFileBroughtThem) {

@@ -43,10 +43,8 @@ EditorHarness::EditorHarness() {
         fileAnswers_.pop_front();
         return answer;
     };
-    Surroundings.LoadRecentFiles = [this] { Log.emplace_back("load recent files"); };
-    Surroundings.FileUsed = [this](const std::string& path, const std::string& title, RelayKind model) {
-        Log.push_back("used " + path + " " + title + " " + std::to_string(static_cast<int>(model)));
-    };
+    Surroundings.Date = [] { return std::string("5/4/2001"); };
+    Surroundings.Time = [] { return std::string("10:12:33"); };
 }
 
 /// One file open at a time, whole contents by path; a file appears under its name only by renaming.
@@ -110,6 +108,9 @@ EditorWindow EditorHarness::LoggingWindow() {
     window.ShowHourglass = [this](bool busy) { Log.emplace_back(busy ? "hourglass on" : "hourglass off"); };
     window.ShowTitle = [this] { Log.emplace_back("title"); };
     window.ShowCategories = [this] { Log.emplace_back("categories"); };
+    window.ShowRecentFiles = [this] {
+        Log.push_back("recent " + editor_->Recent()[0].Path + " " + editor_->Recent()[0].Name);
+    };
     window.ShowOutputMap = [this] { Log.emplace_back("output map"); };
     window.ShowUnit = [this](UnitRedraw redraw) {
         Log.emplace_back(redraw == UnitRedraw::Selected ? "unit selected" : "unit refreshed");

@@ -37,6 +37,7 @@ TEST_F(Keyboard, TabReachesEverythingOfATimerInReadingOrder) {
     AddElements(expected, "lblGroupNumber", 1, 8);
     AddElements(expected, "lblUnit", 1, 10);
     expected.emplace_back("cmdbtnSave");
+    expected.emplace_back("Command1");
     AddElements(expected, "txtPlo", 5, 12);
     expected.emplace_back("txtTimerPU");
     expected.emplace_back("txtTimerDO");
@@ -55,6 +56,7 @@ TEST_F(Keyboard, TabReachesEverythingOfALatchOfA100Program) {
     AddElements(expected, "lblGroupNumber", 1, 8);
     AddElements(expected, "lblUnit", 1, 10);
     expected.emplace_back("cmdbtnSave");
+    expected.emplace_back("Command1");
     EXPECT_EQ(Walk("txtPlo(1)"), expected);
 }
 

@@ -1,0 +1,51 @@
+#include "editor/editor.h"
+#include "editor/gate_rows.h"
+#include "files/signal_constants.h"
+#include "settings/home_directory.h"
+#include "settings/setting_keys.h"
+
+/// Commands around the editing: home directory, printing, the web, constants for developers.
+namespace brindle {
+
+void Editor::ChooseHomeDirectory(const std::string& folder) {
+    homeDirectory_ = folder;
+    StoreHomeDirectory(settings_, folder);
+}
+
+void Editor::Command1_Click() {
+    const auto write = [&] {
+        return ExportSignalConstants(surroundings_.Files, surroundings_.Folders.CurrentFolder());
+    };
+    RunFileCommand({write}, "There was an error trying to save the File.", surroundings_.ShowMessageBox);
+}
+
+void Editor::mnuPrint_Click() {
+    if (config_.Modified) {
+        mnuSaveBin_Click(true);
+    }
+}
+
+UnitReportRequest Editor::ReportStart() const {
+    UnitReportRequest request;
+    request.FileName = config_.FilePath;
+    request.Date = surroundings_.Date();
+    request.Time = surroundings_.Time();
+    request.NumbersShown = numbersChecked_;
+    request.GateRowsShown = GateRowsShown(config_.Version);
+    return request;
+}
+
+void Editor::OpenAddress(const std::string& address) {
+    OpenWebAddress(address, {surroundings_.ProgramFolder, Web().FilePage, surroundings_.Files,
+                             surroundings_.Browser, surroundings_.ShowMessageBox});
+}
+
+void Editor::RestorePlace(const PlacedForm& form, const PlacementKeys& keys) {
+    RestorePlacement(settings_, SectionBrindle, form, keys);
+}
+
+void Editor::SavePlace(const PlacedForm& form, const PlacementKeys& keys) {
+    SavePlacement(settings_, SectionBrindle, form, keys);
+}
+
+} // namespace brindle
