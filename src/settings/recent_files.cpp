@@ -109,10 +109,8 @@ void RecentFileList::Enter(const RecentFile& file) {
 }
 
 bool RecentFileList::Store(int index) {
-    const std::string value = RecentFileValue(entries_[static_cast<std::size_t>(index)]);
-    // Each write flushes the whole file to the disk, so what is there already is left alone.
-    return profile_.ReadText(settingsPath_, SectionRecent, KeyOf(index), {}) == value ||
-           profile_.Write(settingsPath_, SectionRecent, KeyOf(index), value);
+    return profile_.Write(settingsPath_, SectionRecent, KeyOf(index),
+                          RecentFileValue(entries_[static_cast<std::size_t>(index)]));
 }
 
 void RecentFileList::Save() {
