@@ -72,6 +72,10 @@ void DesignUnit(formPLG& window) {
     QTest::keyClicks(time, QStringLiteral("1500"));
 }
 
+void OpenPrint(formPLG& window) {
+    Find<QAction>(window, "mnuPrint")->trigger();
+}
+
 void OpenGroupEditing(formPLG& window) {
     Find<QAction>(window, "mnuGroupEditingFunctions")->trigger();
 }
@@ -91,6 +95,7 @@ const Picture Pictures[] = {
     {"designed-unit", "", 1, 1, 0, false, Usual, DesignUnit},
     {"group-editing", "breaker_failure.pl", 1, 1, 0, false, Usual, OpenGroupEditing,
      "formGroupEditingFunctions"},
+    {"print", "breaker_failure.pl", 1, 1, 0, false, Usual, OpenPrint, "formPrintBrindle"},
 };
 
 void UseDarkPalette() {
