@@ -77,6 +77,7 @@ void OpenChooser(benchmark::State& state, Editor& editor, int category) {
 void OpenNewChooser(benchmark::State& state, formPLG& window, const SignalCatalogue& catalogue,
                     int category) {
     std::vector<ChooserView> views;
+    views.reserve(catalogue.Categories.size());
     for (int index = 0; index < static_cast<int>(catalogue.Categories.size()); ++index) {
         views.push_back(BuildChooserView(catalogue, index));
     }
