@@ -13,8 +13,8 @@ using Inputs = std::array<UnitInput, InputsPerUnit>;
 
 /// The four inputs of row `row` (1 to 4) of the diagram.
 std::span<UnitInput, InputsPerGate> InputsOfRow(Inputs& inputs, int row) {
-    return std::span<UnitInput, InputsPerGate>(
-        &inputs.at(static_cast<std::size_t>((row - 1) * InputsPerGate)), InputsPerGate);
+    const std::size_t first = static_cast<std::size_t>(row - 1) * std::size_t{InputsPerGate};
+    return std::span<UnitInput, InputsPerGate>(&inputs.at(first), InputsPerGate);
 }
 
 void FillShownInputs(Inputs& inputs, float version, UnitInput code) {
