@@ -113,7 +113,7 @@ void formGroupEditingFunctions::OfferGroups(QComboBox& box, int choice) {
     box.setCurrentIndex(choice - 1);
 }
 
-void formGroupEditingFunctions::Open() {
+void formGroupEditingFunctions::OpenAtPlace() {
     const int shown = editor_.Shown().Group;
     OfferGroups(*cmbClearGroup_, shown);
     OfferGroups(*cmbCopyGroupFrom_, shown);

@@ -16,7 +16,7 @@ class formGroupEditingFunctions : public QDialog {
     formGroupEditingFunctions(Editor& editor, QWidget* owner);
 
     /// Shows the window where it stood last, with the shown group chosen and the next one as a copy's target.
-    void Open();
+    void OpenAtPlace();
 
   protected:
     void hideEvent(QHideEvent* event) override;

@@ -17,7 +17,7 @@ void formPLG::OpenGroupEditing() {
     if (groupEditing_ == nullptr) {
         groupEditing_ = new formGroupEditingFunctions(editor_, this);
     }
-    groupEditing_->Open();
+    groupEditing_->OpenAtPlace();
 }
 
 PrintSurroundings formPLG::SurroundingsOfPrint() {

@@ -50,13 +50,12 @@ void TimerBoxWidget::dragEnterEvent(QDragEnterEvent* event) {
 
 void TimerBoxWidget::keyPressEvent(QKeyEvent* event) {
     constexpr char32_t enter = 13;
+    const bool types = TypesText(*event);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         MayType(enter);
-    } else if (!TypesText(*event)) {
-        QLineEdit::keyPressEvent(event);
-    } else if (IsAccessKey(*event)) {
+    } else if (types && IsAccessKey(*event)) {
         event->ignore();
-    } else if (MayType(event->text().toUcs4().front())) {
+    } else if (!types || MayType(event->text().toUcs4().front())) {
         QLineEdit::keyPressEvent(event);
     }
 }
