@@ -11,7 +11,7 @@ namespace brindle {
 
 namespace {
 
-constexpr int TextWidth = 420; // pixels; the longest licence takes two lines
+constexpr int TextWidth = 560; // pixels; a licence takes a line
 
 QLabel* NewLine(const char* name, const std::string& text, QWidget* parent) {
     auto* label = new QLabel(QString::fromStdString(text), parent);

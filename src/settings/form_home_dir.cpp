@@ -30,6 +30,17 @@ QPushButton* NewButton(const char* name, const QString& caption, QWidget* parent
     return button;
 }
 
+/// A list whose rows stand as deep as their folders. Its branches cannot be opened or closed, and are not
+/// drawn.
+class FolderTree : public QTreeWidget {
+  public:
+    using QTreeWidget::QTreeWidget;
+
+  protected:
+    void drawBranches(QPainter* /*painter*/, const QRect& /*rect*/,
+                      const QModelIndex& /*index*/) const override {}
+};
+
 std::size_t RowOf(const QTreeWidgetItem& item) {
     return item.data(0, Qt::UserRole).toULongLong();
 }
@@ -56,7 +67,7 @@ void formHomeDir::BuildControls() {
         ShowFolders();
     });
 
-    dirHomeDir_ = new QTreeWidget(this);
+    dirHomeDir_ = new FolderTree(this);
     dirHomeDir_->setObjectName(QStringLiteral("dirHomeDir"));
     dirHomeDir_->setHeaderHidden(true);
     dirHomeDir_->setRootIsDecorated(false);
