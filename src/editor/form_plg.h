@@ -21,6 +21,7 @@ class StripLabelWidget;
 class UnitDiagramWidget;
 class formAbout;
 class formGroupEditingFunctions;
+class formHelp;
 class formHomeDir;
 class formPrintBrindle;
 struct PrintSurroundings;
@@ -68,6 +69,7 @@ class formPLG : public QMainWindow {
     PrintSurroundings SurroundingsOfPrint();
     void OpenPrint();
     void OpenHomeDir();
+    void OpenHelp();
     void OpenAbout();
     void ShowUnit(UnitRedraw redraw);
 
@@ -77,6 +79,7 @@ class formPLG : public QMainWindow {
     formGroupEditingFunctions* groupEditing_ = nullptr;
     formPrintBrindle* print_ = nullptr;
     formHomeDir* homeDir_ = nullptr;
+    formHelp* help_ = nullptr;
     formAbout* about_ = nullptr;
     bool loaded_ = false;
     Qt::WindowStates restoredState_ = Qt::WindowNoState;

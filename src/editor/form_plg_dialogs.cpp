@@ -1,10 +1,13 @@
 #include "editor/form_group_editing_functions.h"
 #include "editor/form_plg.h"
 #include "editor/menu_tree.h"
+#include "platform/help_engine.h"
 #include "platform/printer_dialogs.h"
 #include "report/form_print_brindle.h"
 #include "settings/form_about.h"
+#include "settings/form_help.h"
 #include "settings/form_home_dir.h"
+#include "settings/help.h"
 
 #include <QAction>
 #include <QMenu>
@@ -56,6 +59,17 @@ void formPLG::OpenHomeDir() {
             [this](const std::string& folder) { editor_.ChooseHomeDirectory(folder); }, this);
     }
     homeDir_->Open(editor_.HomeDirectory());
+}
+
+void formPLG::OpenHelp() {
+    const auto guide = [this] {
+        if (help_ == nullptr) {
+            help_ = new formHelp([this](const std::string& address) { editor_.OpenAddress(address); }, this);
+        }
+        help_->Open();
+    };
+    const EditorSurroundings& outside = editor_.Surroundings();
+    ShowHelp(outside.ProgramFolder, {outside.Files, OpenWithHelpEngine, guide});
 }
 
 void formPLG::OpenAbout() {

@@ -59,6 +59,7 @@ void formPLG::ConnectMenus() {
         Connect(QString::fromStdString(ElementName("mnuFileRecentFiles", index)),
                 [this, index] { editor_.mnuFileRecentFiles_Click(index); });
     }
+    Connect(QStringLiteral("mnuHelpHelp"), [this] { OpenHelp(); });
     Connect(QStringLiteral("mnuAbout"), [this] { OpenAbout(); });
     BuildWebItems();
     Connect(QStringLiteral("mnuExit"), [this] { editor_.mnuExit_Click(); });
@@ -87,6 +88,7 @@ void formPLG::ConnectMenus() {
     Action(QStringLiteral("mnuOpenBin"))->setShortcut(QKeySequence::Open);
     Action(QStringLiteral("mnuFileSave"))->setShortcut(QKeySequence::Save);
     Action(QStringLiteral("mnuPrint"))->setShortcut(QKeySequence::Print);
+    Action(QStringLiteral("mnuHelpHelp"))->setShortcut(QKeySequence::HelpContents);
     Action(QStringLiteral("mnuSaveBin"))->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
 }
 

@@ -1,10 +1,8 @@
 #include "platform/browser.h"
 #include "platform/wide_text_windows.h"
 
-#define WIN32_LEAN_AND_MEAN
 #include <cstdint>
-#include <shellapi.h>
-#include <windows.h>
+#include <windows.h> // the whole of it: finding programs belongs to the shell's part
 
 namespace brindle {
 
@@ -13,7 +11,7 @@ namespace {
 constexpr int Success = GreatestProgramFault + 1;
 
 /// The wide form, because it finds a program at any path.
-int FindExecutable(const std::string& path, std::string& program) {
+int FindProgram(const std::string& path, std::string& program) {
     std::wstring found(MAX_PATH, L'\0'); // the function writes no more
     const auto result =
         reinterpret_cast<std::intptr_t>(FindExecutableW(WideText(path).c_str(), nullptr, found.data()));
@@ -58,7 +56,7 @@ int StartProgram(const std::string& program, const std::string& argument) {
 } // namespace
 
 BrowserFunctions RealBrowser() {
-    return {FindExecutable, StartProgram};
+    return {FindProgram, StartProgram};
 }
 
 } // namespace brindle

@@ -1,5 +1,6 @@
 #include "editor/menu_tree.h"
 #include "settings/form_about.h"
+#include "settings/form_help.h"
 #include "settings/form_home_dir.h"
 #include "support/main_window_test_window.h"
 
@@ -118,6 +119,15 @@ TEST_F(OtherCommands, PrintToFileWritesTheReportOfTheShownUnit) {
     EXPECT_NE(report.find("T1:PU Timer = 1500 (milliseconds)"), std::string::npos);
     EXPECT_NE(report.find(PathOf("a.pl")), std::string::npos);
     EXPECT_EQ(report.find("T2:PU Timer"), std::string::npos);
+}
+
+TEST_F(OtherCommands, HelpOpensTheGuideAndGoesWithTheMainWindow) {
+    Start();
+    Choose("mnuHelpHelp");
+    auto* help = Window->findChild<formHelp*>();
+    ASSERT_TRUE(help->isVisible());
+    Window->close();
+    EXPECT_FALSE(help->isVisible());
 }
 
 TEST_F(OtherCommands, AboutShowsTheVersion) {
