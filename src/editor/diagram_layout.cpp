@@ -20,7 +20,7 @@ constexpr int LineCaptionWidth = Dots(42);
 /// The widths between the input captions and the relay frame, from left to right. Each has a least and a
 /// greatest width; what the window offers beyond the least is shared out in proportion to the difference.
 enum Column {
-    InputBox,
+    InputColumn,
     InputWire,
     AndGate,
     Routing,
@@ -37,7 +37,7 @@ struct WidthRange {
 };
 
 constexpr std::array<WidthRange, ColumnCount> ColumnWidths{{
-    {Dots(180), Dots(330)}, // InputBox
+    {Dots(180), Dots(330)}, // InputColumn
     {Dots(30), Dots(56)},   // InputWire
     {Dots(62), Dots(90)},   // AndGate
     {Dots(48), Dots(90)},   // Routing
@@ -123,7 +123,7 @@ void PlaceInputs(DiagramLayout& layout, const Columns& columns, const Rows& rows
         const int top = rows.InputTop(i);
         const int middle = Snap(top + boxHeight / 2);
         input.LineCaption = {columns.CaptionLeft, top, LineCaptionWidth - Dots(6), boxHeight};
-        input.Box = Placed(columns, InputBox, top, boxHeight);
+        input.Box = Placed(columns, InputColumn, top, boxHeight);
         input.InvertMark = {gateLeft - InvertMarkSize, middle - Snap(InvertMarkSize / 2), InvertMarkSize,
                             InvertMarkSize};
         input.Wire = {{input.Box.Right(), middle}, {gateLeft, middle}};

@@ -14,10 +14,6 @@ namespace brindle {
 
 namespace {
 
-QString Text(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
 void SetVisible(std::initializer_list<QWidget*> controls, bool visible) {
     for (QWidget* control : controls) {
         control->setVisible(visible);

@@ -27,10 +27,6 @@ QString Element(const char* array, int index) {
     return QString::fromStdString(ElementName(array, index));
 }
 
-QString Text(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
 /// Whether two units are drawn with the same gates, wires and symbol, so that only captions and texts differ.
 bool SameShape(const UnitView& a, const UnitView& b) {
     const auto sameRow = [](const GateView& one, const GateView& other) {

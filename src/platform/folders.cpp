@@ -1,16 +1,10 @@
 #include "platform/folders.h"
 
+#include "platform/ascii_letters.h"
+
 #include <algorithm>
 
 namespace brindle {
-
-namespace {
-
-char UpperLetter(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-} // namespace
 
 void SortFolderNames(std::vector<std::string>& names) {
     std::sort(names.begin(), names.end()); // names that differ in case alone have an order too

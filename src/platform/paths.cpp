@@ -1,5 +1,7 @@
 #include "platform/paths.h"
 
+#include "platform/ascii_letters.h"
+
 namespace brindle {
 
 namespace {
@@ -10,10 +12,6 @@ bool IsSeparator(char c, const PathStyle& style) {
 
 bool IsLetter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
-char UpperLetter(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
 /// The length of the drive that a path begins with: 2 for "C:", else 0.

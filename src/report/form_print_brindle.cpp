@@ -275,7 +275,7 @@ void formPrintBrindle::SetupPrinter() {
 PrintChoice formPrintBrindle::Choice() const {
     PrintChoice choice;
     if (optPrintAll_->isChecked()) {
-        choice.Scope = PrintScope::AllGroups;
+        choice.Scope = PrintScope::EveryGroup;
     } else if (optPrintSelected_->isChecked()) {
         choice.Scope = PrintScope::SelectedGroups;
     }

@@ -8,7 +8,7 @@ std::vector<UnitPlace> UnitsToPrint(const PrintChoice& choice, int groupCount, c
     }
     std::vector<UnitPlace> units;
     for (int group = 1; group <= groupCount; ++group) {
-        if (choice.Scope == PrintScope::AllGroups || choice.Ticked(group)) {
+        if (choice.Scope == PrintScope::EveryGroup || choice.Ticked(group)) {
             for (int unit = 1; unit <= UnitsPerGroup; ++unit) {
                 units.push_back({group, unit});
             }

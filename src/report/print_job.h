@@ -20,7 +20,7 @@ struct UnitPlace {
 };
 
 enum class PrintScope {
-    AllGroups,
+    EveryGroup,
     ShownUnit,     ///< the one in the main window
     SelectedGroups ///< every unit of the groups that are ticked
 };

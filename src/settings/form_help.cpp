@@ -21,8 +21,8 @@ namespace brindle {
 namespace {
 
 constexpr const char* GuidePage = "qrc:/docs/guide/README.md";
-constexpr QSize UsualSize(950, 680); // pixels; the contents beside a page with whole pictures
-constexpr int ContentsWidth = 250;   // pixels
+constexpr QSize HelpWindowSize(950, 680); // pixels; the contents beside a page with whole pictures
+constexpr int ContentsWidth = 250;        // pixels
 
 } // namespace
 
@@ -32,7 +32,7 @@ formHelp::formHelp(std::function<void(const std::string& address)> openAddress, 
     setWindowTitle(QStringLiteral("Brindle Help"));
     BuildControls();
     ConnectBrowser(std::move(openAddress));
-    resize(UsualSize);
+    resize(HelpWindowSize);
     txtHelp_->ShowPage(QUrl(QString::fromLatin1(GuidePage)));
 }
 
@@ -87,7 +87,7 @@ void formHelp::BuildControls() {
     auto* halves = new QSplitter(this);
     halves->addWidget(lstContents_);
     halves->addWidget(txtHelp_);
-    halves->setSizes({ContentsWidth, UsualSize.width() - ContentsWidth});
+    halves->setSizes({ContentsWidth, HelpWindowSize.width() - ContentsWidth});
     halves->setStretchFactor(1, 1);
     halves->setChildrenCollapsible(false);
     auto* column = new QVBoxLayout(this);

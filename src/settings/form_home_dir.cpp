@@ -21,7 +21,7 @@ namespace brindle {
 
 namespace {
 
-constexpr QSize UsualSize(440, 480); // pixels; some fifteen folders
+constexpr QSize HomeWindowSize(440, 480); // pixels; some fifteen folders
 
 QPushButton* NewButton(const char* name, const QString& caption, QWidget* parent) {
     auto* button = new QPushButton(caption, parent);
@@ -56,7 +56,7 @@ formHomeDir::formHomeDir(const FolderFunctions& folders, const ShowMessageBox& s
     setWindowTitle(QStringLiteral("Home Directory"));
     setModal(true);
     BuildControls();
-    resize(UsualSize);
+    resize(HomeWindowSize);
 }
 
 void formHomeDir::BuildControls() {

@@ -14,9 +14,8 @@ LogicConfig AnyLogic(float version) {
     LogicConfig config;
     MakeNewVdr812(config, version);
     // Few different codes, so that gates wholly FALSE and units wholly unconnected come up.
-    const auto codes =
-        *rc::gen::container<std::vector<UnitInput>>(static_cast<std::size_t>(UnitsPerGroup * InputsPerUnit),
-                                                    rc::gen::element(0, 1, 255, 255, 255, 20, 200, 128));
+    const auto codes = *rc::gen::container<std::vector<UnitInput>>(
+        std::size_t{UnitsPerGroup} * InputsPerUnit, rc::gen::element(0, 1, 255, 255, 255, 20, 200, 128));
     std::size_t next = 0;
     for (LogicUnit& unit : config.Group(4).Units) {
         for (UnitInput& input : unit.Inputs) {

@@ -12,7 +12,7 @@
 namespace brindle {
 namespace {
 
-constexpr const char* Path = "/home/x.pl";
+constexpr const char* FaultyPath = "/home/x.pl";
 constexpr std::size_t Operations = 8;      // of an undisturbed save
 constexpr std::size_t RenameOperation = 7; // the step at which the new file takes the place of the old
 const std::string Old(2048, 'o');
@@ -21,12 +21,12 @@ const std::string New(2048, 'n');
 FakeFileSystem DiskWithOldFile() {
     FakeFileSystem disk;
     disk.AddFolder("/home");
-    disk.AddFile(Path, Old, 0640);
+    disk.AddFile(FaultyPath, Old, 0640);
     return disk;
 }
 
 int Replace(FakeFileSystem& disk) {
-    return ReplaceWholeFile(disk.Operations(), Path, New).Number;
+    return ReplaceWholeFile(disk.Operations(), FaultyPath, New).Number;
 }
 
 bool HasFileBeside(const FakeFileSystem& disk) {
@@ -41,8 +41,8 @@ TEST(SaveUnderFaults, AnUndisturbedSaveHasTheOperationsThatTheseTestsCount) {
     EXPECT_EQ(0, Replace(disk));
     ASSERT_EQ(Operations, disk.Log().size());
     EXPECT_EQ(0U, disk.Log()[RenameOperation - 1].find("rename"));
-    EXPECT_EQ(New, disk.Content(Path));
-    EXPECT_EQ(0640U, disk.Mode(Path));
+    EXPECT_EQ(New, disk.Content(FaultyPath));
+    EXPECT_EQ(0640U, disk.Mode(FaultyPath));
 }
 
 TEST(SaveUnderFaults, OneFailedOperationIsReportedAndLeavesTheOldFileUntilTheRename) {
@@ -50,7 +50,7 @@ TEST(SaveUnderFaults, OneFailedOperationIsReportedAndLeavesTheOldFileUntilTheRen
         FakeFileSystem disk = DiskWithOldFile();
         disk.FailOnce(n, DeviceIoError);
         EXPECT_EQ(DeviceIoError, Replace(disk)) << n;
-        EXPECT_EQ(n <= RenameOperation ? Old : New, disk.Content(Path)) << n;
+        EXPECT_EQ(n <= RenameOperation ? Old : New, disk.Content(FaultyPath)) << n;
         EXPECT_FALSE(HasFileBeside(disk)) << n;
         EXPECT_EQ(0U, disk.OpenHandles()) << n;
     }
@@ -62,8 +62,8 @@ TEST(SaveUnderFaults, AfterAnyOneFailureSavingAgainGoesWell) {
         disk.FailOnce(n, DiskFullError);
         EXPECT_EQ(DiskFullError, Replace(disk)) << n;
         EXPECT_EQ(0, Replace(disk)) << n;
-        EXPECT_EQ(New, disk.Content(Path)) << n;
-        EXPECT_EQ(0640U, disk.Mode(Path)) << n;
+        EXPECT_EQ(New, disk.Content(FaultyPath)) << n;
+        EXPECT_EQ(0640U, disk.Mode(FaultyPath)) << n;
     }
 }
 
@@ -72,7 +72,7 @@ TEST(SaveUnderFaults, ADiskThatFailsForGoodKeepsTheOldFileOrHasTheNewOne) {
         FakeFileSystem disk = DiskWithOldFile();
         disk.FailFrom(n, DeviceIoError);
         EXPECT_EQ(DeviceIoError, Replace(disk)) << n;
-        EXPECT_EQ(n <= RenameOperation ? Old : New, disk.Content(Path)) << n;
+        EXPECT_EQ(n <= RenameOperation ? Old : New, disk.Content(FaultyPath)) << n;
         EXPECT_EQ(0U, disk.OpenHandles()) << n;
     }
 }
@@ -94,7 +94,7 @@ TEST(SaveUnderFaults, APowerFailureAtAnyPointLeavesTheOldOrTheNewFileWhole) {
             disk.FailFrom(n, DeviceIoError);
             Replace(disk);
             disk.Crash(names);
-            const std::string left = disk.Content(Path).value_or("no file");
+            const std::string left = disk.Content(FaultyPath).value_or("no file");
             EXPECT_TRUE(left == Old || left == New) << n << " left " << left.substr(0, 10);
         }
     }
@@ -105,7 +105,7 @@ TEST(SaveUnderFaults, WhatWasReportedAsSavedSurvivesAPowerFailure) {
         FakeFileSystem disk = DiskWithOldFile();
         ASSERT_EQ(0, Replace(disk));
         disk.Crash(names);
-        EXPECT_EQ(New, disk.Content(Path));
+        EXPECT_EQ(New, disk.Content(FaultyPath));
         EXPECT_FALSE(HasFileBeside(disk));
     }
 }
@@ -114,9 +114,9 @@ TEST(SaveUnderFaults, APowerFailureCanUndoASaveWhoseLastFlushFailed) {
     FakeFileSystem disk = DiskWithOldFile();
     disk.FailOnce(Operations, DeviceIoError);
     EXPECT_EQ(DeviceIoError, Replace(disk));
-    EXPECT_EQ(New, disk.Content(Path));
+    EXPECT_EQ(New, disk.Content(FaultyPath));
     disk.Crash(UnflushedNames::Forgotten);
-    EXPECT_EQ(Old, disk.Content(Path));
+    EXPECT_EQ(Old, disk.Content(FaultyPath));
 }
 
 TEST(SaveUnderFaults, TheFirstFailureIsTheOneReported) {
@@ -124,7 +124,7 @@ TEST(SaveUnderFaults, TheFirstFailureIsTheOneReported) {
     FileSystem files = disk.Operations();
     files.Write = [](FileHandle, const char*, std::size_t) { return MakeFileError(DiskFullError, "write"); };
     files.Remove = [](const std::string& path) { return MakeFileError(PermissionDeniedError, path); };
-    const FileError error = ReplaceWholeFile(files, Path, New);
+    const FileError error = ReplaceWholeFile(files, FaultyPath, New);
     EXPECT_EQ(DiskFullError, error.Number);
     EXPECT_EQ("write /home/x.pl", error.Source);
 }

@@ -11,7 +11,7 @@ namespace brindle {
 namespace {
 
 constexpr std::size_t NoLimit = std::numeric_limits<std::size_t>::max();
-constexpr const char* Path = "/home/x.pl";
+constexpr const char* FilePath = "/home/x.pl";
 
 struct WholeFile : testing::Test {
     WholeFile() { Disk.AddFolder("/home"); }
@@ -37,32 +37,32 @@ TEST_F(ReadingAWholeFile, YieldsEveryByte) {
     for (std::size_t i = 0; i < content.size(); ++i) {
         content[i] = static_cast<char>(i % 251);
     }
-    Disk.AddFile(Path, content);
-    EXPECT_EQ(0, Read(Path));
+    Disk.AddFile(FilePath, content);
+    EXPECT_EQ(0, Read(FilePath));
     EXPECT_EQ(content, Bytes);
     EXPECT_EQ(0U, Disk.OpenHandles());
 }
 
 TEST_F(ReadingAWholeFile, StopsAtTheLimit) {
-    Disk.AddFile(Path, "abcdef");
-    EXPECT_EQ(0, Read(Path, 3));
+    Disk.AddFile(FilePath, "abcdef");
+    EXPECT_EQ(0, Read(FilePath, 3));
     EXPECT_EQ("abc", Bytes);
-    EXPECT_EQ(0, Read(Path, 6));
+    EXPECT_EQ(0, Read(FilePath, 6));
     EXPECT_EQ("abcdef", Bytes);
-    EXPECT_EQ(0, Read(Path, 0));
+    EXPECT_EQ(0, Read(FilePath, 0));
     EXPECT_EQ("", Bytes);
 }
 
 TEST_F(ReadingAWholeFile, OfNoBytesIsWell) {
-    Disk.AddFile(Path, "");
-    EXPECT_EQ(0, Read(Path));
+    Disk.AddFile(FilePath, "");
+    EXPECT_EQ(0, Read(FilePath));
     EXPECT_EQ("", Bytes);
 }
 
 TEST_F(ReadingAWholeFile, FollowsLinks) {
     Disk.AddFile("/home/real.pl", "content");
-    Disk.AddLink(Path, "real.pl");
-    EXPECT_EQ(0, Read(Path));
+    Disk.AddLink(FilePath, "real.pl");
+    EXPECT_EQ(0, Read(FilePath));
     EXPECT_EQ("content", Bytes);
 }
 
@@ -79,70 +79,70 @@ TEST_F(ReadingAWholeFile, TellsWhatStandsInItsWay) {
 }
 
 TEST_F(ReadingAWholeFile, ThatFailsAtAnyStepYieldsNoBytesAndLeavesNothingOpen) {
-    Disk.AddFile(Path, "content");
-    ASSERT_EQ(0, Read(Path));
+    Disk.AddFile(FilePath, "content");
+    ASSERT_EQ(0, Read(FilePath));
     const std::size_t operations = Disk.Log().size();
     for (std::size_t n = 1; n <= operations; ++n) {
         Disk.FailOnce(n, DeviceIoError);
-        EXPECT_EQ(DeviceIoError, Read(Path)) << n;
+        EXPECT_EQ(DeviceIoError, Read(FilePath)) << n;
         EXPECT_EQ("", Bytes) << n;
         EXPECT_EQ(0U, Disk.OpenHandles()) << n;
     }
 }
 
 TEST_F(ReadingAWholeFile, NamesTheFileInTheErrorsOfItsHandle) {
-    Disk.AddFile(Path, "content");
+    Disk.AddFile(FilePath, "content");
     Disk.FailAll("read", DeviceIoError);
-    EXPECT_EQ("read /home/x.pl", ReadWholeFile(Disk.Operations(), Path, NoLimit, Bytes).Source);
+    EXPECT_EQ("read /home/x.pl", ReadWholeFile(Disk.Operations(), FilePath, NoLimit, Bytes).Source);
 }
 
 TEST_F(ReplacingAWholeFile, WritesBesideFlushesRenamesAndFlushesTheFolderInThisOrder) {
-    Disk.AddFile(Path, "old");
-    EXPECT_EQ(0, Replace(Path));
+    Disk.AddFile(FilePath, "old");
+    EXPECT_EQ(0, Replace(FilePath));
     EXPECT_EQ(
         (std::vector<std::string>{"status /home/x.pl", "follow /home/x.pl",
                                   "create /home/.brindle-save-0.tmp", "write 3 bytes", "flush", "close",
                                   "rename /home/.brindle-save-0.tmp to /home/x.pl", "flush folder /home/"}),
         Disk.Log());
-    EXPECT_EQ("new", Disk.Content(Path));
+    EXPECT_EQ("new", Disk.Content(FilePath));
 }
 
 TEST_F(ReplacingAWholeFile, MakesAFileThatWasNotThere) {
-    EXPECT_EQ(0, Replace(Path));
-    EXPECT_EQ("new", Disk.Content(Path));
-    EXPECT_EQ(0644U, Disk.Mode(Path));
+    EXPECT_EQ(0, Replace(FilePath));
+    EXPECT_EQ("new", Disk.Content(FilePath));
+    EXPECT_EQ(0644U, Disk.Mode(FilePath));
 }
 
 TEST_F(ReplacingAWholeFile, ByNoBytesLeavesAnEmptyFile) {
-    Disk.AddFile(Path, "old");
-    EXPECT_EQ(0, Replace(Path, ""));
-    EXPECT_EQ("", Disk.Content(Path));
+    Disk.AddFile(FilePath, "old");
+    EXPECT_EQ(0, Replace(FilePath, ""));
+    EXPECT_EQ("", Disk.Content(FilePath));
 }
 
 TEST_F(ReplacingAWholeFile, KeepsTheOldFilesMode) {
-    Disk.AddFile(Path, "old", 0600);
-    EXPECT_EQ(0, Replace(Path));
-    EXPECT_EQ(0600U, Disk.Mode(Path));
+    Disk.AddFile(FilePath, "old", 0600);
+    EXPECT_EQ(0, Replace(FilePath));
+    EXPECT_EQ(0600U, Disk.Mode(FilePath));
 }
 
 TEST_F(ReplacingAWholeFile, ReplacesTheFileThatALinkLeadsToAndKeepsTheLink) {
     Disk.AddFolder("/other");
     Disk.AddFile("/other/real.pl", "old", 0640);
     Disk.AddLink("/home/second.pl", "/other/real.pl");
-    Disk.AddLink(Path, "second.pl");
-    EXPECT_EQ(0, Replace(Path));
+    Disk.AddLink(FilePath, "second.pl");
+    EXPECT_EQ(0, Replace(FilePath));
     EXPECT_EQ("new", Disk.Content("/other/real.pl"));
     EXPECT_EQ(0640U, Disk.Mode("/other/real.pl"));
-    EXPECT_TRUE(Disk.IsLink(Path));
+    EXPECT_TRUE(Disk.IsLink(FilePath));
     EXPECT_TRUE(Disk.IsLink("/home/second.pl"));
     EXPECT_EQ("flush folder /other/", Disk.Log().back());
 }
 
 TEST_F(ReplacingAWholeFile, ThroughADanglingLinkCreatesItsTarget) {
     Disk.AddFolder("/other");
-    Disk.AddLink(Path, "/other/real.pl");
-    EXPECT_EQ(0, Replace(Path));
-    EXPECT_TRUE(Disk.IsLink(Path));
+    Disk.AddLink(FilePath, "/other/real.pl");
+    EXPECT_EQ(0, Replace(FilePath));
+    EXPECT_TRUE(Disk.IsLink(FilePath));
     EXPECT_EQ("new", Disk.Content("/other/real.pl"));
 }
 
@@ -180,23 +180,23 @@ TEST_F(ReplacingAWholeFile, WritesADeviceInPlace) {
 TEST_F(ReplacingAWholeFile, PassesOverFilesLeftBesideByOthers) {
     Disk.AddFile("/home/.brindle-save-0.tmp", "of another");
     Disk.AddFile("/home/.brindle-save-1.tmp", "of a third");
-    EXPECT_EQ(0, Replace(Path));
-    EXPECT_EQ("new", Disk.Content(Path));
+    EXPECT_EQ(0, Replace(FilePath));
+    EXPECT_EQ("new", Disk.Content(FilePath));
     EXPECT_EQ("of another", Disk.Content("/home/.brindle-save-0.tmp"));
     EXPECT_EQ("of a third", Disk.Content("/home/.brindle-save-1.tmp"));
     EXPECT_FALSE(Disk.Content("/home/.brindle-save-2.tmp").has_value());
 }
 
 TEST_F(ReplacingAWholeFile, GivesUpWhenEveryNameBesideIsTakenAndDoesNotAskToOverwrite) {
-    Disk.AddFile(Path, "old");
+    Disk.AddFile(FilePath, "old");
     Disk.FailAll("create", FileAlreadyExistsError);
-    EXPECT_EQ(PathAccessError, Replace(Path));
-    EXPECT_EQ("old", Disk.Content(Path));
+    EXPECT_EQ(PathAccessError, Replace(FilePath));
+    EXPECT_EQ("old", Disk.Content(FilePath));
 }
 
 TEST_F(ReplacingAWholeFile, NamesTheFileInTheErrorsOfItsHandle) {
     Disk.FailAll("write", DiskFullError);
-    EXPECT_EQ("write 3 bytes /home/x.pl", ReplaceWholeFile(Disk.Operations(), Path, "new").Source);
+    EXPECT_EQ("write 3 bytes /home/x.pl", ReplaceWholeFile(Disk.Operations(), FilePath, "new").Source);
 }
 
 } // namespace

@@ -21,7 +21,7 @@ PrintChoice Selected(const std::vector<int>& groups) {
 
 PrintChoice All() {
     PrintChoice choice;
-    choice.Scope = PrintScope::AllGroups;
+    choice.Scope = PrintScope::EveryGroup;
     return choice;
 }
 

@@ -178,7 +178,7 @@ TEST(ReportText, OfAllUnitsIsWhatTheCompanionReports) {
         ASSERT_EQ(ExitWell, companion.Run(arguments)) << companion.Err.str();
         const UnitReportRequest start{
             8, 10, "/home/me/x.pl", "5/4/2001", "10:12:33", numbers, GateRowsShown(example.Config.Version)};
-        const PrintChoice all{PrintScope::AllGroups, {}};
+        const PrintChoice all{PrintScope::EveryGroup, {}};
         EXPECT_EQ(companion.Out.str(),
                   ReportText(example.Config, BuildVdr812Catalogue(example.Config.Version), start,
                              UnitsToPrint(all, example.Config.GroupCount, {1, 1})));

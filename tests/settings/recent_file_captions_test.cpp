@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t Limit = 30;
 
-RecentFile File(const std::string& path) {
+RecentFile Used(const std::string& path) {
     return {path, Get_File_Name_Parts(path, PosixPaths).Title(), RelayKind::Vdr812};
 }
 
@@ -23,7 +23,7 @@ std::size_t Characters(const std::string& text) {
 TEST(RecentFileCaptions, CarryTheirNumberAsAccessKey) {
     RecentFiles files;
     for (std::size_t i = 0; i < files.size(); ++i) {
-        files[i] = File("/p/" + std::string(1, static_cast<char>('a' + i)));
+        files[i] = Used("/p/" + std::string(1, static_cast<char>('a' + i)));
     }
     const auto captions = RecentFileCaptions(files, PosixPaths);
     EXPECT_EQ("&1 /p/a", captions[0]);
@@ -33,8 +33,8 @@ TEST(RecentFileCaptions, CarryTheirNumberAsAccessKey) {
 
 TEST(RecentFileCaptions, AnUnusedEntryHasNoneAndTakesNoNumber) {
     RecentFiles files;
-    files[0] = File("/p/a");
-    files[4] = File("/p/b");
+    files[0] = Used("/p/a");
+    files[4] = Used("/p/b");
     const auto captions = RecentFileCaptions(files, PosixPaths);
     EXPECT_EQ("&1 /p/a", captions[0]);
     EXPECT_EQ("", captions[1]);
@@ -43,19 +43,19 @@ TEST(RecentFileCaptions, AnUnusedEntryHasNoneAndTakesNoNumber) {
 
 TEST(RecentFileCaptions, AnAmpersandIsShownAndIsNoAccessKey) {
     RecentFiles files;
-    files[0] = File("/p/R&D/a&&b.pl");
+    files[0] = Used("/p/R&D/a&&b.pl");
     EXPECT_EQ("&1 /p/R&&D/a&&&&b.pl", RecentFileCaptions(files, PosixPaths)[0]);
 }
 
 TEST(RecentFileCaptions, ATabOrLineBreakIsShownAsABlank) {
     RecentFiles files;
-    files[0] = File("/p/a\tb\nc.pl");
+    files[0] = Used("/p/a\tb\nc.pl");
     EXPECT_EQ("&1 /p/a b c.pl", RecentFileCaptions(files, PosixPaths)[0]);
 }
 
 TEST(RecentFileCaptions, ALongPathIsShortenedForShowOnly) {
     RecentFiles files;
-    files[0] = File("/home/" + std::string(80, 'x') + "/scheme.pl");
+    files[0] = Used("/home/" + std::string(80, 'x') + "/scheme.pl");
     const RecentFile before = files[0];
     EXPECT_EQ("&1 /home/.../scheme.pl", RecentFileCaptions(files, PosixPaths)[0]);
     EXPECT_EQ(before, files[0]);

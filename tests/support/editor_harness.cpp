@@ -39,7 +39,7 @@ EditorHarness::EditorHarness() {
             ADD_FAILURE() << "no answer for the dialog \"" << request.Title << "\"";
             return std::optional<FileDialogAnswer>{};
         }
-        const std::optional<FileDialogAnswer> answer = fileAnswers_.front();
+        std::optional<FileDialogAnswer> answer = fileAnswers_.front();
         fileAnswers_.pop_front();
         return answer;
     };

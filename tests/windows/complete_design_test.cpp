@@ -15,7 +15,7 @@
 namespace brindle {
 namespace {
 
-constexpr int BinaryInputs = 22;
+constexpr int BinaryInputsMenu = 22;
 constexpr int TripSignals = 18;
 
 using Codes = std::vector<int>;
@@ -136,10 +136,10 @@ class CompleteDesign : public MainWindowTest {
 TEST_F(CompleteDesign, A230SchemeForAllGroupsIsTheFileThatTheCompanionBuilds) {
     Start();
     Choose("mnuNewFileVer230");
-    Connect(5, BinaryInputs, "INP1");
-    Connect(6, BinaryInputs, "INP4");
+    Connect(5, BinaryInputsMenu, "INP1");
+    Connect(6, BinaryInputsMenu, "INP4");
     QTest::keyClick(Find<QWidget>("txtPlo(6)"), Qt::Key_I, Qt::ControlModifier);
-    Connect(9, BinaryInputs, "INP2");
+    Connect(9, BinaryInputsMenu, "INP2");
     TypeTime("txtTimerPU", "1500");
     TypeTime("txtTimerDO", "250");
     Tick(4);
@@ -152,10 +152,10 @@ TEST_F(CompleteDesign, A230SchemeForAllGroupsIsTheFileThatTheCompanionBuilds) {
     Tick(13);
 
     ShowUnit(8);
-    Connect(5, BinaryInputs, "INP9");
+    Connect(5, BinaryInputsMenu, "INP9");
     Tick(2);
     Click("pctSetReset"); // the reset side
-    Connect(5, BinaryInputs, "INP8");
+    Connect(5, BinaryInputsMenu, "INP8");
     DoubleClick(8);
     DoubleClick(5);
     Tick(3);
@@ -203,7 +203,7 @@ TEST_F(CompleteDesign, A230SchemeForAllGroupsIsTheFileThatTheCompanionBuilds) {
 TEST_F(CompleteDesign, A100SchemeUsesAllFourGates) {
     Start();
     Choose("mnuNewFileVer100");
-    Connect(1, BinaryInputs, "INP12");
+    Connect(1, BinaryInputsMenu, "INP12");
     Connect(16, TripSignals, "DSP TRIP");
     TypeTime("txtTimerDO", "75");
     Tick(9);

@@ -28,7 +28,7 @@ namespace {
 
 int FromEnvironment(const char* name, int otherwise) {
     const char* text = std::getenv(name);
-    return text == nullptr ? otherwise : std::atoi(text);
+    return text == nullptr ? otherwise : QByteArray(text).toInt();
 }
 
 class Monkey : public testing::TestWithParam<int> {

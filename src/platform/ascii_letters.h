@@ -1,0 +1,10 @@
+#pragma once
+
+namespace brindle {
+
+/// The upper-case form of an ASCII letter; every other byte is itself, whatever the locale.
+constexpr char UpperLetter(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+} // namespace brindle
