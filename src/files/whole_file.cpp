@@ -109,6 +109,16 @@ FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::s
     return OfFile(error, path);
 }
 
+FileError ReadWholeText(const FileSystem& files, const std::string& path, std::string& text) {
+    constexpr std::size_t greatest = std::size_t{16} << 20U;
+    const FileError error = ReadWholeFile(files, path, greatest + 1, text);
+    if (!error.Failed() && text.size() > greatest) {
+        text.clear();
+        return MakeFileError(BadRecordLengthError, "read " + path);
+    }
+    return error;
+}
+
 FileError ReplaceWholeFile(const FileSystem& files, const std::string& path, std::string_view bytes) {
     FileStatus status;
     FileError error = files.Status(path, status);

@@ -15,6 +15,9 @@ namespace brindle {
 FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::size_t limit,
                         std::string& bytes);
 
+/// Reads the whole regular file at `path`; one larger than any text of ours (16 MiB) is BadRecordLengthError.
+FileError ReadWholeText(const FileSystem& files, const std::string& path, std::string& text);
+
 /// Makes `bytes` the whole content of the file at `path`, or leaves the old file as it was: the bytes are
 /// written to a new file beside it, flushed to the disk and renamed over it, and the folder is flushed. Links
 /// are followed (a dangling one creates its target), the old file's mode is kept. A file marked read-only is

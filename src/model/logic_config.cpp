@@ -27,6 +27,8 @@ void BecomeVdr812(LogicConfig& config, float version) {
     config.Version = version;
     config.GroupCount = MaxGroups;
     config.Coding = InputCoding{};
+    config.Vdr810 = {};
+    config.Lists = {};
     SetVdr812Outputs(config);
 }
 

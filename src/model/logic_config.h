@@ -3,6 +3,7 @@
 #include "model/bool16.h"
 #include "model/input_code.h"
 #include "model/unit_table.h"
+#include "model/vdr810_lists.h"
 
 #include <array>
 #include <cstdint>
@@ -93,6 +94,8 @@ struct LogicConfig {
     std::int16_t FirstOutput = 2; ///< relay outputs that the output map shows and edits
     std::int16_t LastOutput = 13;
     ProgramHeader Header;
+    Vdr810Header Vdr810; ///< defaults while the logic is one of a VDR812
+    Vdr810Lists Lists;   ///< empty while the logic is one of a VDR812
     std::array<LogicGroup, MaxGroups> Groups{};
 
     LogicGroup& Group(int group) { return Groups.at(static_cast<std::size_t>(group - 1)); }
@@ -111,13 +114,20 @@ inline UnitInput UnconnectedCode(const LogicConfig& config) {
     return config.RelayModel == RelayKind::Vdr812 ? NoConnectCode : config.Coding.FalseCode;
 }
 
+/// Whether the relay of this logic has unit `unit` (1 to 10). A VDR812 has them all, a VDR810 those that its
+/// file promises.
+inline bool HasUnit(const LogicConfig& config, int unit) {
+    return IsTimer(unit) ? unit <= config.Vdr810.TimerCount
+                         : Unit(unit).MapSlot - TimersPerGroup <= config.Vdr810.LatchCount;
+}
+
 /// Empties the logic: codes of groups 1 to `GroupCount` become UnconnectedCode, times and output words 0,
 /// `Magic` "plcd", and `VersionText` follows `Version`. `HeaderWord`, `Text1` and `Text2` stay: a new file
 /// carries them on.
 void ClearConfig(LogicConfig& config);
 
 /// Makes the logic one of a VDR812 program of `version`: model, version, group count, coding and output
-/// range.
+/// range; nothing of a VDR810 stays.
 void BecomeVdr812(LogicConfig& config, float version);
 
 /// Makes the logic a new, empty VDR812 program of `version` (1.0 or 2.3): model, coding, group count, output

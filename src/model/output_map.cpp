@@ -4,6 +4,10 @@
 
 namespace brindle {
 
+int BankCount(const LogicConfig& config) {
+    return (config.LastOutput - config.FirstOutput + OutputsPerBank) / OutputsPerBank;
+}
+
 OutputBit BitOfOutput(const LogicConfig& config, int output) {
     if (config.RelayModel == RelayKind::Vdr812) {
         if (output < 1 || output > Vdr812OutputBits) {

@@ -10,6 +10,9 @@ namespace brindle {
 inline constexpr int Vdr812OutputBits = 18; ///< bit positions of a VDR812 word, outputs 1 to 18
 inline constexpr int OutputsPerBank = 16;   ///< outputs in one word of a VDR810
 
+/// Number of words that the outputs of the logic take: sixteen outputs each, the last perhaps fewer.
+int BankCount(const LogicConfig& config);
+
 /// Where an output stands in the words of a map slot.
 struct OutputBit {
     int Bank;           ///< 1 to 8

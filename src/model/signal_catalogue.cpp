@@ -3,6 +3,7 @@
 #include "model/logic_config.h"
 #include "model/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -211,7 +212,15 @@ SignalCatalogue BuildVdr812Catalogue(float version) {
         catalogue.Categories.push_back({static_cast<std::int32_t>(i), caption, std::string(row.Name), true,
                                         is230 ? row.Visible230 : row.Visible100});
     }
+    for (std::size_t i = 0; i < SignalCapacity; ++i) {
+        catalogue.PositionOfNumber.emplace_back(static_cast<std::int32_t>(i), i);
+    }
     return catalogue;
+}
+
+SignalCatalogue BuildCatalogue(const LogicConfig& config) {
+    return config.RelayModel == RelayKind::Vdr812 ? BuildVdr812Catalogue(config.Version)
+                                                  : BuildVdr810Catalogue(config.Lists);
 }
 
 std::size_t SignalCount(const SignalCatalogue& catalogue) {
@@ -238,10 +247,10 @@ std::string NameOfCode(const SignalCatalogue& catalogue, const InputCoding& codi
         return "FALSE";
     }
     const std::int32_t signal = SignalOfCode(coding, code);
-    if (signal < 0 || static_cast<std::size_t>(signal) >= catalogue.Signals.size()) {
-        return {};
-    }
-    return catalogue.Signals[static_cast<std::size_t>(signal)].Name;
+    const auto& numbers = catalogue.PositionOfNumber;
+    const auto found = std::lower_bound(numbers.begin(), numbers.end(), std::pair{signal, std::size_t{0}});
+    return found == numbers.end() || found->first != signal ? std::string()
+                                                            : catalogue.Signals[found->second].Name;
 }
 
 std::string SignalText(const SignalCatalogue& catalogue, const InputCoding& coding, std::int32_t code,

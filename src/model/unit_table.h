@@ -5,10 +5,11 @@
 
 namespace brindle {
 
-inline constexpr int MaxGroups = 8;      ///< setting groups that a logic can hold
-inline constexpr int UnitsPerGroup = 10; ///< six timers, two latches with a reset and a set side
-inline constexpr int TimersPerGroup = 6; ///< units 1 to 6
-inline constexpr int InputsPerUnit = 16; ///< four AND gates of four inputs
+inline constexpr int MaxGroups = 8;       ///< setting groups that a logic can hold
+inline constexpr int UnitsPerGroup = 10;  ///< six timers, two latches with a reset and a set side
+inline constexpr int TimersPerGroup = 6;  ///< units 1 to 6
+inline constexpr int LatchesPerGroup = 2; ///< units 7 and 8, 9 and 10
+inline constexpr int InputsPerUnit = 16;  ///< four AND gates of four inputs
 inline constexpr int GatesPerUnit = 4;
 inline constexpr int InputsPerGate = InputsPerUnit / GatesPerUnit;
 inline constexpr int MapSlots = 8; ///< six timers, two latches

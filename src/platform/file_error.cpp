@@ -13,8 +13,10 @@ struct DescribedNumber {
     const char* Description;
 };
 
-constexpr std::array<DescribedNumber, 17> Descriptions{{
+constexpr std::array<DescribedNumber, 20> Descriptions{{
     {OverflowError, "Overflow"},
+    {SubscriptError, "Subscript out of range"},
+    {TypeMismatchError, "Type mismatch"},
     {InternalError, "Internal error"},
     {BadFileNameError, "Bad file name"},
     {FileNotFoundError, "File not found"},
@@ -22,6 +24,7 @@ constexpr std::array<DescribedNumber, 17> Descriptions{{
     {FileAlreadyOpenError, "File already open"},
     {DeviceIoError, "Device I/O error"},
     {FileAlreadyExistsError, "File already exists"},
+    {BadRecordLengthError, "Bad record length"},
     {DiskFullError, "Disk full"},
     {InputPastEndError, "Input past end of file"},
     {TooManyFilesError, "Too many files open"},

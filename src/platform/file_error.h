@@ -7,14 +7,17 @@ namespace brindle {
 /// Runtime error numbers of failed file operations, as messages and action codes know them.
 enum FileErrorNumber : int {
     NoFileError = 0,
-    OverflowError = 6,  ///< a value that its field in a file cannot hold
-    InternalError = 51, ///< a failure of the system that none of the others names
+    OverflowError = 6,      ///< a value that its field in a file cannot hold
+    SubscriptError = 9,     ///< a count or an index that no logic can have
+    TypeMismatchError = 13, ///< a field of a file that should be a number and is not
+    InternalError = 51,     ///< a failure of the system that none of the others names
     BadFileNameError = 52,
     FileNotFoundError = 53,
     BadFileModeError = 54,
     FileAlreadyOpenError = 55,
     DeviceIoError = 57,
     FileAlreadyExistsError = 58,
+    BadRecordLengthError = 59, ///< a file larger than any of its kind
     DiskFullError = 61,
     InputPastEndError = 62,
     TooManyFilesError = 67,

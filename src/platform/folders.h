@@ -33,6 +33,10 @@ struct FolderFunctions {
     /// The names of the folders in the folder `path`, links to folders too and hidden ones not, in
     /// alphabetical order. None where it cannot be read.
     std::function<std::vector<std::string>(const std::string& path)> Subfolders;
+
+    /// The names of the files in the folder `path`, links to files too, in no order. None where it cannot be
+    /// read.
+    std::function<std::vector<std::string>(const std::string& path)> Files;
 };
 
 /// Sorts names of folders for show: without regard to the case of ASCII letters.

@@ -72,11 +72,24 @@ std::vector<std::string> Subfolders(const std::string& path) {
     return names;
 }
 
+std::vector<std::string> Files(const std::string& path) {
+    std::vector<std::string> names;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(path, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        std::error_code unknown; // a dangling link is no file
+        if (entry->is_regular_file(unknown)) {
+            names.push_back(entry->path().filename().string());
+        }
+    }
+    return names;
+}
+
 } // namespace
 
 FolderFunctions RealFolders() {
     return {FolderExists, ChangeFolder, CurrentFolder, [](const std::string&) {},
-            MakeFolder,   Drives,       Subfolders};
+            MakeFolder,   Drives,       Subfolders,    Files};
 }
 
 std::string ProgramFolder() {

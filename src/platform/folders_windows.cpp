@@ -82,7 +82,12 @@ bool IsShownFolder(const WIN32_FIND_DATAW& found) {
            (found.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) == 0 && name != L"." && name != L"..";
 }
 
-std::vector<std::string> Subfolders(const std::string& path) {
+bool IsFile(const WIN32_FIND_DATAW& found) {
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+/// The names in the folder `path` that `wanted` picks.
+std::vector<std::string> NamesIn(const std::string& path, bool (*wanted)(const WIN32_FIND_DATAW&)) {
     std::vector<std::string> names;
     WIN32_FIND_DATAW found{};
     const HANDLE search = FindFirstFileW(WideText(JoinPath(path, "*")).c_str(), &found);
@@ -90,19 +95,28 @@ std::vector<std::string> Subfolders(const std::string& path) {
         return names;
     }
     do {
-        if (IsShownFolder(found)) {
+        if (wanted(found)) {
             names.push_back(Utf8Text(found.cFileName));
         }
     } while (FindNextFileW(search, &found) != 0);
     FindClose(search);
+    return names;
+}
+
+std::vector<std::string> Subfolders(const std::string& path) {
+    std::vector<std::string> names = NamesIn(path, IsShownFolder);
     SortFolderNames(names);
     return names;
+}
+
+std::vector<std::string> Files(const std::string& path) {
+    return NamesIn(path, IsFile);
 }
 
 } // namespace
 
 FolderFunctions RealFolders() {
-    return {FolderExists, ChangeFolder, CurrentFolder, ChangeDrive, MakeFolder, Drives, Subfolders};
+    return {FolderExists, ChangeFolder, CurrentFolder, ChangeDrive, MakeFolder, Drives, Subfolders, Files};
 }
 
 std::string ProgramFolder() {

@@ -2,6 +2,7 @@
 
 #include "platform/folders.h"
 
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -14,7 +15,8 @@ struct FakeFolders {
     std::set<std::string> Closed;
     std::string Current = "/";
     std::vector<std::string> Volumes{"/"};
-    int FailMaking = NoFileError; ///< error of every MakeFolder
+    std::map<std::string, std::vector<std::string>> FilesOf; ///< names of the files in a folder
+    int FailMaking = NoFileError;                            ///< error of every MakeFolder
     std::vector<std::string> Made;
 
     /// The operations on this object, which must outlive them.
@@ -39,6 +41,7 @@ struct FakeFolders {
             return FileError{};
         };
         folders.Drives = [this] { return Volumes; };
+        folders.Files = [this](const std::string& path) { return FilesOf[path]; };
         folders.Subfolders = [this](const std::string& path) { return NamesIn(path); };
         return folders;
     }

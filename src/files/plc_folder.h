@@ -1,0 +1,49 @@
+#pragma once
+
+#include "model/logic_config.h"
+#include "platform/file_error.h"
+#include "platform/file_system.h"
+#include "platform/folders.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// Which option files the PLC folder, the program's own, holds.
+namespace brindle {
+
+struct PlcFolderEntry {
+    std::string Name;             ///< of the file
+    std::string VersionText;      ///< five digits, a hundred times the version
+    std::string OptionsText;      ///< five digits
+    double Version = 0;           ///< settings file version
+    std::int16_t Options = 0;     ///< options number
+    std::int16_t VersionCode = 0; ///< numbers the different versions from 0 upward, ascending
+
+    bool operator==(const PlcFolderEntry&) const = default;
+};
+
+struct PlcFolder {
+    std::string Path;
+    std::vector<PlcFolderEntry> Entries; ///< in the order of their names
+
+    /// The entry of a version and options number; null where the folder has no such file.
+    [[nodiscard]] const PlcFolderEntry* Find(double version, int options) const;
+
+    /// The version that `code` numbers, -1 where none has it.
+    [[nodiscard]] double VersionOfCode(int code) const;
+
+    /// Index of the entry of a version code and options number; -1 where there is none.
+    [[nodiscard]] int EntryOfPair(int code, int options) const;
+};
+
+/// Lists the files of `folder` named "PLC", five digits, "_OPT", five digits, ".810", in capitals or not;
+/// others, and options numbers above 32767, are none. A folder that cannot be read is empty.
+PlcFolder ScanPlcFolder(const FolderFunctions& folders, const std::string& folder);
+
+/// Gives a VDR810 logic the unconnected signal and the lists of the option file of its version and options
+/// number. Without such a file `found` is false and the logic keeps what it has, as it does when the file
+/// cannot be read.
+FileError LoadLists(const FileSystem& files, const PlcFolder& folder, LogicConfig& config, bool& found);
+
+} // namespace brindle

@@ -1,0 +1,44 @@
+#include "files/vdr810_refusal.h"
+
+#include <cstdlib>
+
+namespace brindle {
+
+namespace {
+
+constexpr const char* Title = "VDR810 File Read in Problem";
+
+MessageBox Refusal(const std::string& text) {
+    return {text + "\r\nAborting", MessageIcon::CriticalStop, MessageButtons::Ok, Title};
+}
+
+} // namespace
+
+std::string CategoryPlace() {
+    return "VDR810 File Read in Problem (Category Info)";
+}
+
+std::string LabelPlace() {
+    return "VDR810 File Read in Problem (Label Info)";
+}
+
+std::string UnitPlace(int unit, const std::string& record) {
+    return "VDR810 File Read in Problem!\r\n(Unit " + std::to_string(unit) + " DATA " + record + ")";
+}
+
+MessageBox WrongFieldCount(const std::string& place, int found, int needed, int stated, int element) {
+    return Refusal(place + "\r\n" + (found < needed ? "Missing " : "Extra ") +
+                   std::to_string(std::abs(found - needed)) + "Fields\r\nArray Element = " +
+                   std::to_string(element) + "\r\nShould be Have " + std::to_string(stated) + " Fields.");
+}
+
+MessageBox RefusedLine(const std::string& place, const std::string& cause, int element) {
+    return Refusal(place + "\r\n" + cause + "\r\nArray Element = " + std::to_string(element));
+}
+
+std::string FaultOfField(int field, NumberFault fault) {
+    return "Field " + std::to_string(field) +
+           (fault == NumberFault::OutOfRange ? " is out of range." : " is not a number.");
+}
+
+} // namespace brindle

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "files/text_fields.h"
+#include "files/vdr810_reader.h"
+
+#include <optional>
+#include <string_view>
+
+namespace brindle {
+
+/// Takes the lines after the head of a VDR810 logic file, one by one, into a logic that the head has made. A
+/// line is taken whole or refused whole.
+class Vdr810SectionReader {
+  public:
+    /// Both must outlive the reader; `lines` is told which lines of the units were there.
+    Vdr810SectionReader(LogicConfig& config, std::array<UnitLinesRead, UnitsPerGroup>& lines);
+
+    /// Takes a line that is not blank; returns the box where it is refused.
+    [[nodiscard]] std::optional<MessageBox> Take(std::string_view line);
+
+  private:
+    using Refused = std::optional<MessageBox>;
+    enum class Section { None, Categories, Labels, Unit, Ended };
+
+    [[nodiscard]] bool BeginSection(std::string_view tag);
+    [[nodiscard]] bool UnitPromised() const;
+    void ClearUnitRead();
+    [[nodiscard]] Refused TakeCategory(std::string_view line, std::string_view first);
+    [[nodiscard]] Refused TakeLabel(std::string_view line);
+    [[nodiscard]] Refused TakeUnitLine(std::string_view line, std::string_view first);
+    /// Field 2 of a unit's line goes to `number`, those after it to `values_`; `field` is the one at fault.
+    [[nodiscard]] NumberFault ParseValues(std::string_view line, std::int32_t& number, int& field);
+    void Store(int record, int number);
+    [[nodiscard]] int ValuesPerGroup(int record) const;
+
+    [[nodiscard]] UnitLinesRead& Lines() { return lines_.at(static_cast<std::size_t>(unit_ - 1)); }
+
+    LogicConfig& config_;
+    std::array<UnitLinesRead, UnitsPerGroup>& lines_;
+    int banks_;
+    Section section_ = Section::None;
+    int unit_ = 0;
+    int element_ = 0; ///< lines or entries of the section so far
+    std::array<std::int32_t, std::size_t{MaxGroups} * MapBanks>
+        values_{}; ///< of the line that is being taken
+};
+
+} // namespace brindle

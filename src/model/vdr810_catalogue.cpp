@@ -1,0 +1,28 @@
+#include "model/signal_catalogue.h"
+
+#include <algorithm>
+
+namespace brindle {
+
+SignalCatalogue BuildVdr810Catalogue(const Vdr810Lists& lists) {
+    SignalCatalogue catalogue;
+    for (const Vdr810Category& category : lists.Categories) {
+        if (IsEnd(category)) {
+            break;
+        }
+        catalogue.Categories.push_back({category.Number, category.Caption, category.Name, true, true});
+    }
+    for (const Vdr810Label& label : lists.Labels) {
+        if (IsEnd(label)) {
+            break;
+        }
+        catalogue.PositionOfNumber.emplace_back(label.Signal, catalogue.Signals.size());
+        catalogue.Signals.push_back(
+            {label.Category, label.Signal, label.Name, label.Caption, label.Enabled, label.Visible});
+    }
+    // Of two labels of one number the first in the file names it, and lookups find the lowest position.
+    std::sort(catalogue.PositionOfNumber.begin(), catalogue.PositionOfNumber.end());
+    return catalogue;
+}
+
+} // namespace brindle
