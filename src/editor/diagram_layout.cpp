@@ -211,6 +211,24 @@ LatchLayout PlaceLatch(const LayoutRect& column, int centre, UnitKind side) {
     return latch;
 }
 
+/// Below everything of the unit, as close to it as there is room.
+FeedbackLayout PlaceFeedback(const LayoutRect& column, int centre, const LayoutPoint& branch, int height) {
+    constexpr int panelWidth = Dots(56);
+    constexpr int panelHeight = Dots(22);
+    constexpr int leftOfPanel = Dots(48);
+    constexpr int wayOut = Dots(30);
+    constexpr int belowCentre =
+        Dots(140); // the read-out of the drop-out time and the latch's picture end above
+    FeedbackLayout feedback;
+    const int top = std::min(centre + belowCentre, height - Margin / 2 - panelHeight);
+    feedback.Panel = {column.Left + leftOfPanel, Snap(top), panelWidth, panelHeight};
+    const int middle = feedback.Panel.Top + Snap(panelHeight / 2);
+    feedback.Lines[0] = {branch, {branch.X, middle}};
+    feedback.Lines[1] = {{branch.X, middle}, {feedback.Panel.Right(), middle}};
+    feedback.Lines[2] = {{feedback.Panel.Left, middle}, {feedback.Panel.Left - wayOut, middle}};
+    return feedback;
+}
+
 } // namespace
 
 int OrGateGreatestDepth(const LayoutRect& gate) {
@@ -259,6 +277,10 @@ DiagramLayout LayoutDiagram(const DiagramSize& size) {
     }
     layout.OrOutput = {{layout.OrGate.Right(), centre}, {unitLeft, centre}};
     layout.UnitOutput = {{unitRight, outputHeight}, {columns.MapLeft, outputHeight}};
+    if (size.Feedback) {
+        const LayoutPoint branch{columns.MapLeft - Snap(columns.Width[OutputWire] / 2), outputHeight};
+        layout.Feedback = PlaceFeedback(unitColumn, centre, branch, size.Height);
+    }
     const int highestTop = std::max(Margin, size.Height - Margin - size.MapFrameHeight);
     layout.MapFrame = {columns.MapLeft,
                        std::clamp(Snap(outputHeight - size.MapFrameHeight / 2), Margin, highestTop),

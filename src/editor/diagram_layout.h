@@ -58,6 +58,12 @@ struct TimerLayout {
     LayoutRect DropOutReadOut;
 };
 
+/// The panel for the way back of the unit's output to the logic, below the timer or latch.
+struct FeedbackLayout {
+    LayoutRect Panel;
+    std::array<LayoutWire, 3> Lines; ///< down from the output wire, to the panel, and out of it
+};
+
 struct LatchLayout {
     LayoutRect Symbol;
     LayoutRect Caption; ///< inside the symbol, its name
@@ -76,15 +82,17 @@ struct DiagramSize {
     UnitKind Kind = UnitKind::Timer;
     int MapFrameWidth = 0;
     int MapFrameHeight = 0;
+    bool Feedback = false; ///< the feedback panel is shown
 };
 
 struct DiagramLayout {
     std::array<InputLayout, InputsPerUnit> Inputs;
     std::array<GateLayout, GatesPerUnit> Gates; ///< by row
     LayoutRect OrGate;
-    LayoutWire OrOutput; ///< to the timer or latch
-    TimerLayout Timer;   ///< set for a timer
-    LatchLayout Latch;   ///< set for a latch
+    LayoutWire OrOutput;     ///< to the timer or latch
+    TimerLayout Timer;       ///< set for a timer
+    LatchLayout Latch;       ///< set for a latch
+    FeedbackLayout Feedback; ///< set when it is shown
     LayoutWire UnitOutput;
     LayoutRect MapFrame;
 };

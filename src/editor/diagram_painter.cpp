@@ -134,6 +134,24 @@ void DiagramPainter::DrawLogicPicture(const QRectF& area) {
     DrawOutline(OrGatePath(orGate, orWidth / 5));
 }
 
+void DiagramPainter::DrawArrowToLeft(const LayoutPoint& tip) {
+    constexpr qreal length = 8;
+    constexpr qreal half = 4;
+    const QPointF point(TwipsToPixels(tip.X) + shift_, TwipsToPixels(tip.Y) + shift_);
+    painter_.save();
+    painter_.setBrush(colours_.Line);
+    painter_.drawPolygon(QPolygonF{point, point + QPointF(length, -half), point + QPointF(length, half)});
+    painter_.restore();
+}
+
+void DiagramPainter::DrawBranch(const LayoutPoint& at) {
+    constexpr qreal radius = 2.5;
+    painter_.save();
+    painter_.setBrush(colours_.Line);
+    painter_.drawEllipse(QPointF(TwipsToPixels(at.X) + shift_, TwipsToPixels(at.Y) + shift_), radius, radius);
+    painter_.restore();
+}
+
 void DiagramPainter::DrawInvertMark(const QRectF& area) {
     painter_.setBrush(colours_.Card);
     const qreal inset = lineWidth_ / 2;

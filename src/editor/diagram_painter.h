@@ -41,6 +41,12 @@ class DiagramPainter {
     /// Small AND gates into an OR gate: the picture of the latch's other side.
     void DrawLogicPicture(const QRectF& area);
 
+    /// The head of an arrow that points to the left, its tip at `tip`.
+    void DrawArrowToLeft(const LayoutPoint& tip);
+
+    /// The dot where a wire branches off.
+    void DrawBranch(const LayoutPoint& at);
+
     void DrawInvertMark(const QRectF& area);
 
   private:

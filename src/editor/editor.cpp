@@ -20,7 +20,7 @@ std::string Editor::Title() const {
 }
 
 void Editor::RebuildCatalogue() {
-    catalogue_ = BuildVdr812Catalogue(config_.Version);
+    catalogue_ = BuildCatalogue(config_);
     choosers_.Reset(static_cast<int>(catalogue_.Categories.size()));
     window_.ShowCategories();
 }
@@ -40,7 +40,17 @@ void Editor::mnuTimerLatch_Click(int unit) {
 
 void Editor::ShowFirstUnit() {
     shown_.Unit = 1;
+    while (shown_.Unit < UnitsPerGroup && !HasUnit(config_, shown_.Unit)) {
+        ++shown_.Unit;
+    }
     mnuGroup_Click(1);
+}
+
+void Editor::ShowNewLogic() {
+    RebuildCatalogue();
+    window_.ShowOutputMap();
+    ShowFirstUnit();
+    config_.Modified = false;
 }
 
 void Editor::Form_Activate() {

@@ -6,6 +6,8 @@
 #include "editor/save_prompt.h"
 #include "editor/timer_entry.h"
 #include "editor/unit_view.h"
+#include "files/option_file.h"
+#include "files/plc_folder.h"
 #include "files/program_file.h"
 #include "model/logic_config.h"
 #include "model/signal_catalogue.h"
@@ -19,6 +21,7 @@
 #include "settings/profile.h"
 #include "settings/recent_files.h"
 #include "settings/settings_file.h"
+#include "settings/vdr810_options.h"
 #include "settings/web_links.h"
 #include "settings/window_placement.h"
 
@@ -39,6 +42,9 @@ enum class UnitRedraw {
 struct EditorWindow {
     std::function<void(bool busy)> ShowHourglass;
     std::function<void()> ShowTitle;
+    std::function<void()> ShowIdentity; ///< what is told of the file of a VDR810 logic
+    /// Lets the user choose the option file of a new VDR810 logic; false when the choice was cancelled.
+    std::function<bool(Vdr810Options& options)> ChooseVdr810Options;
     std::function<void()> ShowCategories;  ///< the categories menu and the choosers follow the catalogue
     std::function<void()> ShowRecentFiles; ///< the File menu follows the files used last
     std::function<void()> ShowOutputMap;   ///< the output boxes follow the range of outputs
@@ -80,8 +86,9 @@ struct ChosenFile {
 
 /// The one editor of a running program: the logic, what of it is shown, and the commands of the main window.
 /// Runs without a window in sight; commands that would discard changes ask first, and a command that is
-/// cancelled or fails leaves logic, file and title as they were.
-/// Save As alone keeps the new name when its writing fails.
+/// cancelled or fails leaves logic, file and title as they were. There are two exceptions: Save As keeps the
+/// new name when its writing fails, and a VDR810 file with a line that is refused leaves what was read of it,
+/// as a new file.
 class Editor {
   public:
     explicit Editor(EditorSurroundings surroundings);
@@ -108,6 +115,9 @@ class Editor {
     void mnuNewFileVer100_Click() { NewVdr812(Version100); }
 
     void mnuNewFileVer230_Click() { NewVdr812(Version230); }
+
+    /// A new VDR810 logic of the option file that the user chooses.
+    void mnuFileNewVdr810_Click();
 
     void mnuOpenBin_Click();
     /// Open without its dialog: a file that the command line or the recent list names.
@@ -214,6 +224,9 @@ class Editor {
 
     [[nodiscard]] std::string Title() const;
 
+    /// The identity caption: lines joined by CR LF, empty for a VDR812.
+    [[nodiscard]] const std::string& Identity() const { return identity_; }
+
     /// The check mark of "Show Logic Signal Numbers".
     [[nodiscard]] bool NumbersChecked() const { return numbersChecked_; }
 
@@ -240,6 +253,19 @@ class Editor {
   private:
     void NewVdr812(float version);
     void Open(const ChosenFile& file);
+    void OpenVdr812(const ChosenFile& file);
+    void OpenVdr810(const ChosenFile& file);
+    /// What was read of a refused file stays, as a new file that is not saved yet.
+    void KeepRefusedLogic();
+    void ScanPlcFolder();
+    /// Reads an option file; tells the user why when it cannot be read.
+    [[nodiscard]] bool ReadOption(const std::string& path, OptionFile& option);
+    /// Gives a logic that was read the lists of its option file, or makes that file of the lists that it
+    /// brought.
+    void LoadOptionFile(LogicConfig& config);
+    void RefreshIdentity();
+    /// Everything follows a logic that was made or opened; it counts as saved.
+    void ShowNewLogic();
     [[nodiscard]] std::optional<ChosenFile> ChooseFileToOpen();
     /// The file at a path that no dialog chose; its model follows its extension.
     [[nodiscard]] static ChosenFile FileOfPath(const std::string& path);
@@ -265,6 +291,9 @@ class Editor {
     RecentFileList recentFiles_;
     LogicConfig config_;
     SignalCatalogue catalogue_;
+    PlcFolder plcFolder_;
+    Vdr810Choice vdr810Choice_; ///< for the next new VDR810 logic
+    std::string identity_;
     ViewSelection shown_;
     CategoryChoosers choosers_;
     int lastChosenButton_ = -1;

@@ -26,6 +26,7 @@ void Editor::FindHomeDirectory() {
 
 void Editor::Form_Load() {
     MakeNewVdr812(config_, Version230);
+    ScanPlcFolder();
     window_.ShowRecentFiles();
     window_.ShowOutputMap();
     RebuildCatalogue();

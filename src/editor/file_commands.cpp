@@ -1,14 +1,14 @@
 #include "editor/editor.h"
+#include "editor/file_texts.h"
 #include "editor/hourglass.h"
+#include "files/file_model.h"
+#include "files/vdr810_writer.h"
 #include "platform/paths.h"
 
 /// New, Open, Save and Save As of the main window.
 namespace brindle {
 
 namespace {
-
-constexpr const char* OpenFailed = "There was an error trying to open the File.";
-constexpr const char* SaveFailed = "There was an error trying to save the File.";
 
 int FilterIndexOf(RelayKind model) {
     return model == RelayKind::Vdr812 ? 1 : 2;
@@ -18,12 +18,6 @@ MessageBox ShortFileNotice(const std::string& path, std::size_t bytesRead) {
     return {"The file " + path + " holds only " + std::to_string(bytesRead) + " of the " +
                 std::to_string(ProgramFileSize) +
                 " bytes of a program.  The missing bytes were read as zero.",
-            MessageIcon::Exclamation, MessageButtons::Ok};
-}
-
-MessageBox Vdr810Notice(const std::string& path) {
-    return {"The file " + path +
-                " is a VDR810 logic file.  This version opens VDR812 program files (*.pl) only.",
             MessageIcon::Exclamation, MessageButtons::Ok};
 }
 
@@ -44,6 +38,7 @@ void Editor::NameNewFile() {
     config_.FileTitle = config_.RelayModel == RelayKind::Vdr812 ? "New_File.pl" : "New_File.c10";
     config_.FilePath = JoinPath(homeDirectory_, config_.FileTitle);
     window_.ShowTitle();
+    RefreshIdentity();
 }
 
 void Editor::NewVdr812(float version) {
@@ -52,17 +47,12 @@ void Editor::NewVdr812(float version) {
         return;
     }
     MakeNewVdr812(config_, version);
-    RebuildCatalogue();
-    window_.ShowOutputMap();
-    ShowFirstUnit();
-    config_.Modified = false;
+    ShowNewLogic();
     NameNewFile();
 }
 
 ChosenFile Editor::FileOfPath(const std::string& path) {
-    const FileNameParts parts = Get_File_Name_Parts(path);
-    const bool vdr810 = parts.Extension == "c10" || parts.Extension == "C10";
-    return {path, parts.Title(), vdr810 ? RelayKind::Vdr810 : RelayKind::Vdr812};
+    return {path, Get_File_Name_Parts(path).Title(), ModelOfPath(path).value_or(RelayKind::Vdr812)};
 }
 
 std::optional<ChosenFile> Editor::ChooseFileToOpen() {
@@ -77,7 +67,10 @@ std::optional<ChosenFile> Editor::ChooseFileToOpen() {
     if (!answer) {
         return {};
     }
-    const RelayKind model = answer->FilterIndex == 1 ? RelayKind::Vdr812 : RelayKind::Vdr810;
+    // A name with an extension of ours tells more than the entry of the filter: a text decoded as a program
+    // would be a logic that nobody drew.
+    const RelayKind model = ModelOfPath(answer->FileName)
+                                .value_or(answer->FilterIndex == 1 ? RelayKind::Vdr812 : RelayKind::Vdr810);
     EnterRecent({answer->FileName, answer->FileTitle, model});
     return ChosenFile{answer->FileName, answer->FileTitle, model};
 }
@@ -101,25 +94,27 @@ void Editor::OpenNamed(const ChosenFile& file) {
 
 void Editor::Open(const ChosenFile& file) {
     if (file.Model == RelayKind::Vdr810) {
-        surroundings_.ShowMessageBox(Vdr810Notice(file.Path));
-        return;
+        OpenVdr810(file);
+    } else {
+        OpenVdr812(file);
     }
+}
+
+void Editor::OpenVdr812(const ChosenFile& file) {
     LogicConfig opened = config_;
     std::size_t bytesRead = 0;
     {
         const Hourglass hourglass(window_);
         const auto read = [&] { return ReadProgramFile(surroundings_.Files, file.Path, opened, bytesRead); };
-        if (RunFileCommand({read}, OpenFailed, surroundings_.ShowMessageBox) != FileOutcome::Done) {
+        if (RunFileCommand({read}, OpenFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
             return;
         }
         config_ = opened;
         config_.FilePath = file.Path;
         config_.FileTitle = file.Title;
-        RebuildCatalogue();
+        ShowNewLogic();
         window_.ShowTitle();
-        window_.ShowOutputMap();
-        ShowFirstUnit();
-        config_.Modified = false;
+        RefreshIdentity();
         EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
     }
     if (bytesRead < ProgramFileSize) {
@@ -142,8 +137,13 @@ void Editor::mnuFileRecentFiles_Click(int index) {
 void Editor::WriteLogic() {
     const Hourglass hourglass(window_);
     window_.ShowTitle();
-    const auto write = [&] { return WriteProgramFile(surroundings_.Files, config_.FilePath, config_); };
-    if (RunFileCommand({write}, SaveFailed, surroundings_.ShowMessageBox) == FileOutcome::Done) {
+    RefreshIdentity();
+    const auto write = [&] {
+        return config_.RelayModel == RelayKind::Vdr812
+                   ? WriteProgramFile(surroundings_.Files, config_.FilePath, config_)
+                   : WriteVdr810File(surroundings_.Files, config_.FilePath, config_);
+    };
+    if (RunFileCommand({write}, SaveFailedText, surroundings_.ShowMessageBox) == FileOutcome::Done) {
         config_.Modified = false;
         EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
     }

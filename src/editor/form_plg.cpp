@@ -1,5 +1,6 @@
 #include "editor/form_plg.h"
 
+#include "editor/identity_label_widget.h"
 #include "editor/menu_tree.h"
 #include "editor/strip_label_widget.h"
 #include "editor/unit_diagram_widget.h"
@@ -112,6 +113,8 @@ QWidget* formPLG::BuildHeader(QWidget* parent) {
     grid->addWidget(lblTimerLatchUnit_, 1, 0);
     grid->addLayout(units, 1, 1);
     grid->addWidget(constants, 1, 3);
+    lblIdentity_ = new IdentityLabelWidget(header);
+    grid->addWidget(lblIdentity_, 0, 2, 2, 1);
     grid->setColumnStretch(2, 1);
     // The strips stay where they are when the caption changes from "Timer:" to "Latch Reset:".
     grid->setColumnMinimumWidth(0, fontMetrics().horizontalAdvance(QStringLiteral("Latch Reset:")) + 4);
@@ -193,6 +196,8 @@ EditorWindow formPLG::WindowForEditor() {
         // Qt would take it for the place of its own mark of unsaved changes.
         setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
     };
+    window.ShowIdentity = [this] { ShowIdentity(); };
+    window.ChooseVdr810Options = [this](Vdr810Options& options) { return ChooseVdr810Options(options); };
     window.ShowRecentFiles = [this] { ShowRecentFiles(); };
     window.ShowCategories = [this] { ShowCategories(); };
     window.ShowOutputMap = [this] { diagram_->ShowOutputMap(editor_.OutputMap()); };
@@ -211,6 +216,11 @@ EditorWindow formPLG::WindowForEditor() {
     return window;
 }
 
+void formPLG::ShowIdentity() {
+    QString text = QString::fromStdString(editor_.Identity());
+    lblIdentity_->ShowText(text.replace(QLatin1String("\r\n"), QLatin1String("\n")));
+}
+
 void formPLG::ShowUnit(UnitRedraw redraw) {
     const UnitView view = editor_.View();
     lblGroup_->setText(QString::fromStdString(view.GroupCaption));
@@ -226,7 +236,9 @@ void formPLG::ShowUnit(UnitRedraw redraw) {
     for (int unit = 1; unit <= UnitsPerGroup; ++unit) {
         const StripLabelView& label = view.Units.at(static_cast<std::size_t>(unit - 1));
         lblUnit_.at(static_cast<std::size_t>(unit - 1))->ShowView(label);
-        Action(QString::fromStdString(ElementName("mnuTimerLatch", unit)))->setChecked(label.Checked);
+        QAction* item = Action(QString::fromStdString(ElementName("mnuTimerLatch", unit)));
+        item->setChecked(label.Checked);
+        item->setVisible(label.Visible);
     }
     const QWidget* focused = focusWidget();
     diagram_->ShowUnit(view, redraw);

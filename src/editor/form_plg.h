@@ -2,6 +2,7 @@
 
 #include "editor/editor.h"
 #include "editor/form_category_choosers.h"
+#include "editor/menu_tree.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -17,6 +18,7 @@ class QPushButton;
 namespace brindle {
 
 struct DiagramEvents;
+class IdentityLabelWidget;
 class StripLabelWidget;
 class UnitDiagramWidget;
 class formAbout;
@@ -61,6 +63,9 @@ class formPLG : public QMainWindow {
     QHBoxLayout* BuildGroupStrip(QWidget* parent);
     QHBoxLayout* BuildUnitStrip(QWidget* parent);
 
+    void ConnectCategory(int category);
+    /// A VDR810 may have more categories than the menu tree has items.
+    void AddCategoryItems();
     void ShowCategories();
     void CheckOpenChoosers();
     void ShowRecentFiles();
@@ -71,6 +76,8 @@ class formPLG : public QMainWindow {
     void OpenHomeDir();
     void OpenHelp();
     void OpenAbout();
+    bool ChooseVdr810Options(Vdr810Options& options);
+    void ShowIdentity();
     void ShowUnit(UnitRedraw redraw);
 
     Editor& editor_;
@@ -86,6 +93,8 @@ class formPLG : public QMainWindow {
 
     QHash<QString, QAction*> actions_;
     QMenu* mnuLogicCategories_ = nullptr;
+    int categoryItems_ = CategoryItems;
+    IdentityLabelWidget* lblIdentity_ = nullptr;
     QLabel* lblGroup_ = nullptr;
     QLabel* lblTimerLatchUnit_ = nullptr;
     QLabel* lblSelectedInput_ = nullptr;

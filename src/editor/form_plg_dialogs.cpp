@@ -7,6 +7,7 @@
 #include "settings/form_about.h"
 #include "settings/form_help.h"
 #include "settings/form_home_dir.h"
+#include "settings/form_vdr810_options_brindle.h"
 #include "settings/help.h"
 
 #include <QAction>
@@ -80,6 +81,11 @@ void formPLG::OpenAbout() {
             this);
     }
     about_->open();
+}
+
+bool formPLG::ChooseVdr810Options(Vdr810Options& options) {
+    formVdr810OptionsBrindle dialog(options, editor_.Surroundings().ProgramFolder, this);
+    return dialog.exec() == QDialog::Accepted;
 }
 
 void formPLG::ShowRecentFiles() {

@@ -50,6 +50,7 @@ void formPLG::Connect(const QString& name, std::function<void()> command) {
 void formPLG::ConnectMenus() {
     Connect(QStringLiteral("mnuNewFileVer100"), [this] { editor_.mnuNewFileVer100_Click(); });
     Connect(QStringLiteral("mnuNewFileVer230"), [this] { editor_.mnuNewFileVer230_Click(); });
+    Connect(QStringLiteral("mnuFileNewVdr810"), [this] { editor_.mnuFileNewVdr810_Click(); });
     Connect(QStringLiteral("mnuOpenBin"), [this] { editor_.mnuOpenBin_Click(); });
     Connect(QStringLiteral("mnuFileSave"), [this] { editor_.mnuFileSave_Click(); });
     Connect(QStringLiteral("mnuSaveBin"), [this] { editor_.mnuSaveBin_Click(); });
@@ -74,8 +75,7 @@ void formPLG::ConnectMenus() {
     Connect(QStringLiteral("mnuLogicCategoriesCloseAll"),
             [this] { editor_.mnuLogicCategoriesCloseAll_Click(); });
     for (int category = 0; category < CategoryItems; ++category) {
-        Connect(QString::fromStdString(ElementName("mnuLogicCategoriesCategory", category)),
-                [this, category] { editor_.mnuLogicCategoriesCategory_Click(category); });
+        ConnectCategory(category);
     }
     for (int group = 1; group <= MaxGroups; ++group) {
         Connect(QString::fromStdString(ElementName("mnuGroup", group)),
@@ -92,10 +92,28 @@ void formPLG::ConnectMenus() {
     Action(QStringLiteral("mnuSaveBin"))->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
 }
 
+void formPLG::ConnectCategory(int category) {
+    Connect(QString::fromStdString(ElementName("mnuLogicCategoriesCategory", category)),
+            [this, category] { editor_.mnuLogicCategoriesCategory_Click(category); });
+}
+
+void formPLG::AddCategoryItems() {
+    for (; categoryItems_ < editor_.Choosers().Count(); ++categoryItems_) {
+        const QString name =
+            QString::fromStdString(ElementName("mnuLogicCategoriesCategory", categoryItems_));
+        QAction* item = mnuLogicCategories_->addAction(QString());
+        item->setObjectName(name);
+        item->setCheckable(true);
+        actions_.insert(name, item);
+        ConnectCategory(categoryItems_);
+    }
+}
+
 void formPLG::ShowCategories() {
+    AddCategoryItems();
     const SignalCatalogue& catalogue = editor_.Catalogue();
     std::vector<ChooserView> views;
-    for (int index = 0; index < CategoryItems; ++index) {
+    for (int index = 0; index < categoryItems_; ++index) {
         QAction* item = Action(QString::fromStdString(ElementName("mnuLogicCategoriesCategory", index)));
         const bool known = index < editor_.Choosers().Count();
         item->setVisible(known);

@@ -18,7 +18,8 @@ struct MenuEntry {
 };
 
 inline constexpr int RecentFileItems = 11; ///< elements 0 to 10 of `mnuFileRecentFiles`
-inline constexpr int CategoryItems = 31;   ///< elements 0 to 30 of `mnuLogicCategoriesCategory`
+inline constexpr int CategoryItems =
+    31; ///< elements 0 to 30 of `mnuLogicCategoriesCategory`, more where the relay has
 
 /// All entries, each after the menu that holds it, in the order in which they are shown.
 std::vector<MenuEntry> MenuTree();

@@ -17,6 +17,7 @@ constexpr int ColumnStep = 620;
 constexpr int FrameWidthOfOneColumn = 1200;
 constexpr int FrameWidthPerExtraColumn = 300;
 constexpr int FrameBottomMargin = 100;
+constexpr int RightMargin = 60;
 
 /// A row of 240 becomes 315, which is 21 pixels, so that the rows are evenly spaced.
 int Drawn(int twips) {
@@ -48,6 +49,9 @@ OutputMapLayout DrawnOutputMap(OutputMapLayout layout) {
         box.Height = Drawn(box.Height);
     }
     layout.FrameWidth = Drawn(layout.FrameWidth);
+    for (const OutputBoxLayout& box : layout.Boxes) {
+        layout.FrameWidth = std::max(layout.FrameWidth, box.Left + box.Width + Drawn(RightMargin));
+    }
     layout.FrameHeight = Drawn(layout.FrameHeight);
     return layout;
 }

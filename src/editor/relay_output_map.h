@@ -28,7 +28,8 @@ struct OutputMapLayout {
 OutputMapLayout SetupRelayOutputMapWindow(const LogicConfig& config);
 
 /// The layout as the main window draws it: enlarged evenly, so that a check box has room for today's fonts.
-/// Every measure is a whole number of pixels at 96 dpi, a row of boxes 21.
+/// Every measure is a whole number of pixels at 96 dpi, a row of boxes 21. The frame, which grows by less
+/// than its columns, is drawn as wide as they need.
 OutputMapLayout DrawnOutputMap(OutputMapLayout layout);
 
 } // namespace brindle

@@ -33,6 +33,7 @@ bool SameShape(const UnitView& a, const UnitView& b) {
         return one.Visible == other.Visible;
     };
     return a.LatchShown == b.LatchShown && a.Latch.Side == b.Latch.Side &&
+           a.FeedbackCaption.empty() == b.FeedbackCaption.empty() &&
            std::ranges::equal(a.Gates, b.Gates, sameRow);
 }
 
@@ -71,6 +72,9 @@ void UnitDiagramWidget::CreateGates() {
             NewDiagramLabel(this, Element("lblAND", row), Qt::AlignHCenter, true);
     }
     lblOR_ = NewDiagramLabel(this, QStringLiteral("lblOR"), Qt::AlignHCenter, true);
+    pctTimerLatchFB_ = NewDiagramLabel(this, QStringLiteral("pctTimerLatchFB"), Qt::AlignHCenter, true);
+    pctTimerLatchFB_->setToolTip(
+        QStringLiteral("The output of this unit can be used as a signal of the logic"));
 }
 
 void UnitDiagramWidget::ShowOutputMap(const OutputMapLayout& layout) {
@@ -103,6 +107,8 @@ void UnitDiagramWidget::ShowUnit(const UnitView& view, UnitRedraw redraw) {
         pickUp_.Show(timer.PickUpCaption, timer.PickUpText, timer.PickUpReadOut, redraw);
         dropOut_.Show(timer.DropOutCaption, timer.DropOutText, timer.DropOutReadOut, redraw);
     }
+    pctTimerLatchFB_->setText(Text(view.FeedbackCaption));
+    pctTimerLatchFB_->setVisible(!view.FeedbackCaption.empty());
     fraMapRelayOutput_->ShowOutputs(view.OutputSet);
     if (!sameShape) {
         PlaceVisibleControls();
@@ -143,6 +149,7 @@ void UnitDiagramWidget::PlaceControls() {
     size.Kind = view_.LatchShown ? view_.Latch.Side : UnitKind::Timer;
     size.MapFrameWidth = fraMapRelayOutput_->WidthTwips();
     size.MapFrameHeight = fraMapRelayOutput_->HeightTwips();
+    size.Feedback = !view_.FeedbackCaption.empty();
     layout_ = LayoutDiagram(size);
 
     for (std::size_t i = 0; i < layout_.Inputs.size(); ++i) {
@@ -164,6 +171,7 @@ void UnitDiagramWidget::PlaceControls() {
         pickUp_.Place(timer.PickUpLabel, timer.PickUpBox, timer.PickUpReadOut, timer.PickUpCaption);
         dropOut_.Place(timer.DropOutLabel, timer.DropOutBox, timer.DropOutReadOut, timer.DropOutCaption);
     }
+    pctTimerLatchFB_->setGeometry(ToPixels(layout_.Feedback.Panel));
     fraMapRelayOutput_->setGeometry(ToPixels(layout_.MapFrame));
     update();
 }
@@ -208,12 +216,25 @@ void UnitDiagramWidget::paintEvent(QPaintEvent* /*event*/) {
     LayoutWire toFrame = layout_.UnitOutput;
     toFrame.back().X += PixelsToTwips(frameInset);
     diagram.DrawWire(toFrame);
+    if (!view_.FeedbackCaption.empty()) {
+        DrawFeedback(diagram);
+    }
     if (view_.LatchShown) {
         diagram.DrawWire(layout_.Latch.OtherSideWire);
         diagram.DrawBox(layout_.Latch.Symbol);
     } else {
         diagram.DrawTimer(layout_.Timer.Symbol);
     }
+}
+
+void UnitDiagramWidget::DrawFeedback(DiagramPainter& diagram) const {
+    const FeedbackLayout& feedback = layout_.Feedback;
+    for (const LayoutWire& line : feedback.Lines) {
+        diagram.DrawWire(line);
+    }
+    diagram.DrawBranch(feedback.Lines.front().front());
+    diagram.DrawArrowToLeft(feedback.Lines.back().back());
+    diagram.DrawBox(feedback.Panel);
 }
 
 void UnitDiagramWidget::resizeEvent(QResizeEvent* /*event*/) {

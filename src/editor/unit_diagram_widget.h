@@ -17,6 +17,7 @@ class QLineEdit;
 
 namespace brindle {
 
+class DiagramPainter;
 class InvertMarkWidget;
 class RelayOutputFrameWidget;
 
@@ -63,6 +64,7 @@ class UnitDiagramWidget : public QWidget {
     void PlaceVisibleControls();
     void PlaceControls();
     void FitInputText(QLineEdit& box);
+    void DrawFeedback(DiagramPainter& diagram) const;
 
     DiagramEvents events_;
     bool loading_ = false; ///< a unit is being shown: what happens to controls now is not the user's doing
@@ -74,6 +76,7 @@ class UnitDiagramWidget : public QWidget {
     std::array<InvertMarkWidget*, InputsPerUnit> shpInvert_{};
     std::array<QLabel*, GatesPerUnit> lblAND_{};
     QLabel* lblOR_ = nullptr;
+    QLabel* pctTimerLatchFB_ = nullptr;
     DelayControls pickUp_;
     DelayControls dropOut_;
     LatchControls latch_;

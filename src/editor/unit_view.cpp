@@ -57,8 +57,9 @@ void BuildStrips(UnitView& view, const LogicConfig& config, const ViewSelection&
         label.Visible = group <= groups;
     }
     for (int unit = 1; unit <= UnitsPerGroup; ++unit) {
-        view.Units.at(static_cast<std::size_t>(unit - 1)) =
-            StripLabel(unit == selection.Unit, selection.Printing);
+        StripLabelView& label = view.Units.at(static_cast<std::size_t>(unit - 1));
+        label = StripLabel(unit == selection.Unit, selection.Printing);
+        label.Visible = HasUnit(config, unit); // what is drawn up in another would not reach the file
     }
 }
 
@@ -124,6 +125,9 @@ UnitView BuildUnitView(const LogicConfig& config, const SignalCatalogue& catalog
         view.Latch = BuildLatch(unit);
     } else {
         view.Timer = BuildTimer(config.Group(selection.Group).Timer(selection.Unit), std::string(unit.Tag));
+    }
+    if (config.RelayModel == RelayKind::Vdr810) {
+        view.FeedbackCaption = std::string(unit.Tag) + "FB";
     }
     for (int output = config.FirstOutput; output <= config.LastOutput; ++output) {
         view.OutputSet[output] = OutputMapped(config, selection.Group, selection.Unit, output);

@@ -87,6 +87,7 @@ struct UnitView {
     Bool16 LatchShown;     ///< the latch elements are shown and the timer elements hidden, or the reverse
     TimerView Timer;       ///< empty texts while a latch is shown
     LatchView Latch;       ///< empty texts while a timer is shown
+    std::string FeedbackCaption;   ///< of the VDR810's feedback panel: "T1FB"; empty hides it
     std::map<int, bool> OutputSet; ///< per output number in range, whether its box is ticked
 };
 

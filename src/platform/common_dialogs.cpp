@@ -156,7 +156,11 @@ int FilterIndexOfName(const std::string& filter, const QString& name, int preset
 
 std::optional<FileDialogAnswer> RunQtFileDialog(QWidget* parent, const FileDialogRequest& request) {
     const NormalPointer pointer;
-    const QStringList filters = QtNameFilters(request.Filter);
+    QStringList filters = QtNameFilters(request.Filter);
+    if (request.Kind == FileDialogKind::Open) {
+        filters << QStringLiteral(
+            "All Files (*)"); // so that no file is out of reach, and an index beyond the last fits
+    }
     QFileDialog dialog(parent, QString::fromStdString(request.Title));
     dialog.setObjectName(QStringLiteral("CMDialog1"));
     const bool opening = request.Kind == FileDialogKind::Open;

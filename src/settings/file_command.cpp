@@ -6,15 +6,6 @@ namespace brindle {
 
 namespace {
 
-void ShowGenericBox(const std::string& failedOperation, const FileError& error,
-                    const ShowMessageBox& showMessageBox) {
-    MessageBox box;
-    box.Text = failedOperation + "\r\nError number: " + std::to_string(error.Number) +
-               "\r\nError description: " + error.Description + "\r\nError Source: " + error.Source;
-    box.Icon = MessageIcon::Exclamation;
-    showMessageBox(box);
-}
-
 /// Runs one step until it went well or its failure is settled.
 FileOutcome RunStep(const FileStep& step, const std::string& failedOperation,
                     const ShowMessageBox& showMessageBox) {
@@ -36,7 +27,7 @@ FileOutcome RunStep(const FileStep& step, const std::string& failedOperation,
             }
             [[fallthrough]];
         case FileAction::NotRecognised:
-            ShowGenericBox(failedOperation, error, showMessageBox);
+            showMessageBox(FailureBox(failedOperation, error));
             return FileOutcome::Ended;
         }
     }
@@ -44,6 +35,14 @@ FileOutcome RunStep(const FileStep& step, const std::string& failedOperation,
 }
 
 } // namespace
+
+MessageBox FailureBox(const std::string& failedOperation, const FileError& error) {
+    MessageBox box;
+    box.Text = failedOperation + "\r\nError number: " + std::to_string(error.Number) +
+               "\r\nError description: " + error.Description + "\r\nError Source: " + error.Source;
+    box.Icon = MessageIcon::Exclamation;
+    return box;
+}
 
 FileOutcome RunFileCommand(const std::vector<FileStep>& steps, const std::string& failedOperation,
                            const ShowMessageBox& showMessageBox) {

@@ -10,7 +10,7 @@ constexpr int FrameWidth = 1200;
 constexpr int FrameHeight = 3220 / LayoutGrid * LayoutGrid;
 
 DiagramSize SizeOf(int width, int height, UnitKind kind) {
-    return {width, height, kind, FrameWidth, FrameHeight};
+    return {width, height, kind, FrameWidth, FrameHeight, true};
 }
 
 std::vector<LayoutRect> Elements(const DiagramLayout& layout, UnitKind kind) {
@@ -22,6 +22,7 @@ std::vector<LayoutRect> Elements(const DiagramLayout& layout, UnitKind kind) {
         rects.push_back(gate.Gate);
     }
     rects.insert(rects.end(), {layout.OrGate, layout.MapFrame});
+    rects.push_back(layout.Feedback.Panel);
     if (kind == UnitKind::Timer) {
         const TimerLayout& timer = layout.Timer;
         rects.insert(rects.end(), {timer.Symbol, timer.PickUpLabel, timer.PickUpBox, timer.PickUpReadOut,
@@ -57,6 +58,20 @@ RC_GTEST_PROP(DiagramLayout, NoElementOverlapsAnotherOrLeavesTheDiagram, ()) {
         for (std::size_t j = 0; j < i; ++j) {
             RC_ASSERT(!Overlap(elements[i], elements[j]));
         }
+    }
+}
+
+RC_GTEST_PROP(DiagramLayout, TheFeedbackLinesLeadFromTheOutputWireThroughThePanel, ()) {
+    const DiagramLayout layout = LayoutDiagram(*AnySize());
+    const auto& [down, toPanel, out] = layout.Feedback.Lines;
+    const LayoutPoint& branch = down.front();
+    RC_ASSERT(branch.Y == layout.UnitOutput.front().Y);
+    RC_ASSERT(branch.X > layout.UnitOutput.front().X && branch.X < layout.UnitOutput.back().X);
+    RC_ASSERT(down.back() == toPanel.front());
+    RC_ASSERT(toPanel.back().X == layout.Feedback.Panel.Right());
+    RC_ASSERT(out.front().X == layout.Feedback.Panel.Left);
+    for (const LayoutWire& line : layout.Feedback.Lines) {
+        RC_ASSERT((line.front().X == line.back().X) != (line.front().Y == line.back().Y));
     }
 }
 

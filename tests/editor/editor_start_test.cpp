@@ -1,4 +1,5 @@
 #include "support/editor_harness.h"
+#include "support/vdr810_scheme.h"
 
 #include <gtest/gtest.h>
 
@@ -72,8 +73,8 @@ TEST(FormLoad, ARelativeHomeDirectoryCountsFromTheProgramsFolder) {
 TEST(FormLoad, ThePlacementIsRestoredBeforeTheUnitIsShown) {
     EditorHarness harness;
     harness.Start();
-    const std::vector<std::string> expected{"recent  ", "output map", "categories",
-                                            "place",    "title",      "unit selected"};
+    const std::vector<std::string> expected{"recent  ", "output map", "categories",   "place",
+                                            "title",    "identity",   "unit selected"};
     EXPECT_EQ(harness.Log, expected);
     EXPECT_NE(harness.Profile.Text->find("WindowWidth=12000"), std::string::npos)
         << "never stored: stored at once";
@@ -110,14 +111,14 @@ TEST(FormLoad, AFileOfTheCommandLineThatCannotBeReadLeavesTheNewLogic) {
     EXPECT_EQ(harness.Dialogs.size(), 1U) << "the next Open asks for its file";
 }
 
-TEST(FormLoad, ALogicFileOfTheOtherModelIsRefusedInWords) {
+TEST(FormLoad, TheModelOfTheCommandLinesFileFollowsItsExtension) {
     EditorHarness harness;
-    harness.Files["/data/x.c10"] = "text";
-    harness.Surroundings.CommandLine = "/data/x.c10";
+    harness.Files["/data/x.C10"] = SchemeLogicFile(2.3, 12);
+    harness.Surroundings.CommandLine = "/data/x.C10";
     harness.Start();
-    ASSERT_EQ(harness.Boxes.size(), 1U);
-    EXPECT_NE(harness.Boxes[0].Text.find("/data/x.c10"), std::string::npos);
-    EXPECT_EQ(harness->Config().FilePath, "/opt/brindle/New_File.pl");
+    EXPECT_TRUE(harness.Boxes.empty());
+    EXPECT_EQ(harness->Config().RelayModel, RelayKind::Vdr810);
+    EXPECT_EQ(harness->Config().FilePath, "/data/x.C10");
 }
 
 TEST(FormActivate, RedrawsTheUnitAndKeepsTheSelectedInput) {

@@ -54,8 +54,8 @@ TEST_F(FileCommands, OpenShowsTheFilesLogic) {
     EXPECT_EQ(Harness->Title(), "VDR812 Programmable Logic          (File: /data/x.pl) Version: 1.00");
     EXPECT_EQ(Harness.Log,
               (std::vector<std::string>{"open choosers", "hide chooser 3", "recent /data/x.pl x.pl",
-                                        "hourglass on", "categories", "title", "output map", "unit selected",
-                                        "recent /data/x.pl x.pl", "hourglass off"}));
+                                        "hourglass on", "categories", "output map", "unit selected", "title",
+                                        "identity", "recent /data/x.pl x.pl", "hourglass off"}));
 }
 
 TEST_F(FileCommands, OpenShowsGroup1Timer1WhateverWasShown) {
@@ -191,8 +191,8 @@ TEST_F(FileCommands, SaveWritesTheSameBytesBackWithoutAsking) {
     EXPECT_FALSE(Config().Modified);
     EXPECT_TRUE(Harness.Boxes.empty());
     EXPECT_TRUE(Harness.Dialogs.size() == 1U) << "the one that opened the file";
-    EXPECT_EQ(Harness.Log,
-              (std::vector<std::string>{"hourglass on", "title", "recent /data/x.pl x.pl", "hourglass off"}));
+    EXPECT_EQ(Harness.Log, (std::vector<std::string>{"hourglass on", "title", "identity",
+                                                     "recent /data/x.pl x.pl", "hourglass off"}));
 }
 
 TEST_F(FileCommands, SaveOfANewFileReplacesNewFileInTheHomeDirectory) {
@@ -256,8 +256,9 @@ TEST_F(FileCommands, SaveAsTakesTheChosenName) {
     EXPECT_EQ(Config().FilePath, "/data/y.pl");
     EXPECT_EQ(Config().FileTitle, "y.pl");
     EXPECT_FALSE(Config().Modified);
-    EXPECT_EQ(Harness.Log, (std::vector<std::string>{"open choosers", "hide chooser 3", "hourglass on",
-                                                     "title", "recent /data/y.pl y.pl", "hourglass off"}));
+    EXPECT_EQ(Harness.Log,
+              (std::vector<std::string>{"open choosers", "hide chooser 3", "hourglass on", "title",
+                                        "identity", "recent /data/y.pl y.pl", "hourglass off"}));
 }
 
 TEST_F(FileCommands, TheSaveAsDialogIsAskedForInTheSystemsWords) {
@@ -319,7 +320,7 @@ TEST_F(FileCommands, NewMakesAnEmptyLogicOfItsVersion) {
     EXPECT_EQ(Harness->Shown().Input, 5);
     EXPECT_EQ(Harness->Catalogue(), BuildVdr812Catalogue(Version230));
     EXPECT_EQ(Harness.Log, (std::vector<std::string>{"open choosers", "hide chooser 3", "categories",
-                                                     "output map", "unit selected", "title"}));
+                                                     "output map", "unit selected", "title", "identity"}));
     Harness->mnuNewFileVer100_Click();
     EXPECT_EQ(Config().Version, 1.0F);
     EXPECT_EQ(Config().LastOutput, 9);

@@ -64,6 +64,17 @@ TEST(SetupRelayOutputMapWindow, AnEmptyRangeShowsAnEmptyFrame) {
     EXPECT_EQ(layout.FrameHeight, 340);
 }
 
+TEST(DrawnOutputMap, TheFrameIsAsWideAsItsColumnsNeed) {
+    LogicConfig config;
+    config.RelayModel = RelayKind::Vdr810;
+    config.FirstOutput = 1;
+    for (const int last : {16, 32, 48, 128}) {
+        config.LastOutput = static_cast<std::int16_t>(last);
+        const OutputMapLayout drawn = DrawnOutputMap(SetupRelayOutputMapWindow(config));
+        EXPECT_GT(drawn.FrameWidth, drawn.Boxes.back().Left + drawn.Boxes.back().Width) << last;
+    }
+}
+
 TEST(DrawnOutputMap, EnlargesEvenlyToWholePixels) {
     const OutputMapLayout layout = DrawnOutputMap(LayoutOf(1, 20));
     for (std::size_t i = 0; i < layout.Boxes.size(); ++i) {

@@ -35,6 +35,19 @@ void DialogDriver::PressEscape() {
     answers_.push_back({AnswerKind::Escape, {}});
 }
 
+void DialogDriver::Drive(std::function<void(QDialog& dialog)> act) {
+    answers_.push_back({AnswerKind::Act, {}, std::move(act)});
+}
+
+void DialogDriver::AnswerDialog(QDialog& dialog) {
+    if (answers_.empty() || answers_.front().Kind != AnswerKind::Act) {
+        return; // a test works in it itself
+    }
+    const Answer answer = answers_.front();
+    answers_.pop_front();
+    answer.Act(dialog);
+}
+
 void DialogDriver::ChooseFile(const std::string& name) {
     answers_.push_back({AnswerKind::File, name});
 }
@@ -56,6 +69,8 @@ void DialogDriver::Look() {
             AnswerMessage(*box);
         } else if (auto* dialog = qobject_cast<QFileDialog*>(modal.data())) {
             AnswerFileDialog(*dialog);
+        } else if (auto* other = qobject_cast<QDialog*>(modal.data())) {
+            AnswerDialog(*other);
         }
         answering_ = nullptr;
     });

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+class QDialog;
 class QFileDialog;
 class QMessageBox;
 
@@ -49,21 +50,26 @@ class DialogDriver {
     void PressEscape();                           ///< in the next message box
     void ChooseFile(const std::string& name); ///< types a name or path into the next file dialog and accepts
     void CancelFile();                        ///< of the next file dialog
+    /// Hands the next modal dialog that is neither box nor file dialog to `act`, which must close it. Without
+    /// this such a dialog is left to the test.
+    void Drive(std::function<void(QDialog& dialog)> act);
 
     std::vector<SeenMessage> Messages;
     std::vector<SeenFileDialog> FileDialogs;
 
   private:
-    enum class AnswerKind { Button, Escape, File, NoFile };
+    enum class AnswerKind { Button, Escape, File, NoFile, Act };
 
     struct Answer {
         AnswerKind Kind;
         std::string Text;
+        std::function<void(QDialog& dialog)> Act{};
     };
 
     void Look();
     void AnswerMessage(QMessageBox& box);
     void AnswerFileDialog(QFileDialog& dialog);
+    void AnswerDialog(QDialog& dialog);
 
     QTimer timer_;
     std::deque<Answer> answers_;

@@ -19,6 +19,7 @@ EditorHarness::EditorHarness() {
         return true;
     };
     Surroundings.Folders.CurrentFolder = [this] { return CurrentFolder; };
+    Surroundings.Folders.Files = [this](const std::string& folder) { return FilesIn(folder); };
     Surroundings.Folders.ChangeDrive = [](const std::string& /*path*/) {};
     Surroundings.ShowMessageBox = [this](const MessageBox& box) {
         Boxes.push_back(box);
@@ -45,6 +46,17 @@ EditorHarness::EditorHarness() {
     };
     Surroundings.Date = [] { return std::string("5/4/2001"); };
     Surroundings.Time = [] { return std::string("10:12:33"); };
+}
+
+std::vector<std::string> EditorHarness::FilesIn(const std::string& folder) const {
+    const std::string start = JoinPath(folder, "");
+    std::vector<std::string> names;
+    for (const auto& [path, content] : Files) {
+        if (path.compare(0, start.size(), start) == 0) {
+            names.push_back(path.substr(start.size()));
+        }
+    }
+    return names;
 }
 
 /// One file open at a time, whole contents by path; a file appears under its name only by renaming.
@@ -107,6 +119,11 @@ EditorWindow EditorHarness::LoggingWindow() {
     EditorWindow window;
     window.ShowHourglass = [this](bool busy) { Log.emplace_back(busy ? "hourglass on" : "hourglass off"); };
     window.ShowTitle = [this] { Log.emplace_back("title"); };
+    window.ShowIdentity = [this] { Log.emplace_back("identity"); };
+    window.ChooseVdr810Options = [this](Vdr810Options& options) {
+        OfferedVersions = options.Versions();
+        return ChooseOptions && ChooseOptions(options);
+    };
     window.ShowCategories = [this] { Log.emplace_back("categories"); };
     window.ShowRecentFiles = [this] {
         Log.push_back("recent " + editor_->Recent()[0].Path + " " + editor_->Recent()[0].Name);

@@ -4,6 +4,7 @@
 #include "support/memory_profile.h"
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -44,11 +45,15 @@ class EditorHarness {
     std::string CurrentFolder = "/";
     std::vector<MessageBox> Boxes;
     std::vector<FileDialogRequest> Dialogs;
-    std::vector<std::string> Log; ///< what was asked of the window, in order
+    /// What the user does in the options dialog; false, or none, cancels it.
+    std::function<bool(Vdr810Options& options)> ChooseOptions;
+    std::vector<std::string> OfferedVersions; ///< in the options dialog shown last
+    std::vector<std::string> Log;             ///< what was asked of the window, in order
 
   private:
     void SupplyFiles();
     EditorWindow LoggingWindow();
+    [[nodiscard]] std::vector<std::string> FilesIn(const std::string& folder) const;
 
     std::unique_ptr<Editor> editor_;
     std::deque<MessageAnswer> boxAnswers_;

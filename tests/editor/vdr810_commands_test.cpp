@@ -1,0 +1,306 @@
+#include "support/editor_harness.h"
+#include "support/vdr810_scheme.h"
+
+#include <gtest/gtest.h>
+
+namespace brindle {
+namespace {
+
+constexpr const char* Option230 = "/opt/brindle/PLC00230_OPT00012.810";
+
+/// A started editor, an option file of version 2.30 and options 12 beside the program, and logic files in
+/// /data.
+struct Vdr810Commands : testing::Test {
+    EditorHarness Harness;
+
+    Vdr810Commands() {
+        Harness.Folders.insert("/data");
+        Harness.Files[Option230] = SchemeOptionFile(2.3, 12);
+        Harness.Files["/data/x.c10"] = SchemeLogicFile(2.3, 12);
+        Harness.Start();
+        Harness.ChooseOptions = [](Vdr810Options& /*options*/) { return true; };
+        Harness.Log.clear();
+    }
+
+    [[nodiscard]] const LogicConfig& Config() { return Harness->Config(); }
+
+    void Open(const std::string& path) { Harness->OpenPath(path); }
+
+    [[nodiscard]] bool HasFile(const std::string& path) const { return Harness.Files.count(path) == 1; }
+};
+
+TEST_F(Vdr810Commands, NewTakesItsHeadAndListsFromTheOptionFile) {
+    Harness->mnuFileNewVdr810_Click();
+    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr810);
+    EXPECT_EQ(Config().FilePath, "/opt/brindle/New_File.c10");
+    EXPECT_EQ(Config().FileTitle, "New_File.c10");
+    EXPECT_EQ(Config().Version, 2.3F);
+    EXPECT_EQ(Config().GroupCount, 8);
+    EXPECT_EQ(Config().LastOutput, 20);
+    EXPECT_EQ(Config().Coding.InvertBase, 256);
+    EXPECT_EQ(Config().Vdr810.Identity, "Feeder scheme");
+    EXPECT_FALSE(Config().Modified);
+    for (int group = 1; group <= 8; ++group) {
+        EXPECT_EQ(Config().InputCode(group, 10, 16), SchemeFalse);
+    }
+    EXPECT_EQ(Harness->Title(),
+              "VDR810 Programmable Logic          (File: /opt/brindle/New_File.c10) Version: 2.30");
+    EXPECT_EQ(Harness->Identity(),
+              "File: New_File.c10\r\nDate:5/4/2001  Time:10:12:33\r\nVersion:2.30  Options:0012");
+    EXPECT_EQ(Harness->Catalogue().Categories.size(), 3U) << "END is no category";
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "FALSE");
+    EXPECT_TRUE(Harness.Boxes.empty());
+}
+
+TEST_F(Vdr810Commands, NewOffersTheFilesThatAreThereNow) {
+    Harness.Files["/opt/brindle/PLC00100_OPT00000.810"] = SchemeOptionFile(1.0, 0);
+    Harness->mnuFileNewVdr810_Click();
+    EXPECT_EQ(Harness.OfferedVersions, (std::vector<std::string>{"1.00", "2.30"}));
+    EXPECT_EQ(Config().Version, 1.0F) << "the first pair is chosen at first";
+}
+
+TEST_F(Vdr810Commands, TheOptionsDialogRemembersWhatWasChosen) {
+    Harness.Files["/opt/brindle/PLC00100_OPT00000.810"] = SchemeOptionFile(1.0, 0);
+    Harness.ChooseOptions = [](Vdr810Options& options) {
+        options.ChooseVersion(1);
+        return true;
+    };
+    Harness->mnuFileNewVdr810_Click();
+    EXPECT_EQ(Config().Vdr810.Options, 12);
+    Harness.ChooseOptions = [](Vdr810Options& /*options*/) { return true; };
+    Harness->mnuFileNewVdr810_Click();
+    EXPECT_EQ(Config().Vdr810.Options, 12);
+}
+
+TEST_F(Vdr810Commands, ACancelledOptionsDialogChangesNothing) {
+    Harness.ChooseOptions = nullptr;
+    const std::string title = Harness->Title();
+    Harness->mnuFileNewVdr810_Click();
+    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr812);
+    EXPECT_EQ(Harness->Title(), title);
+    EXPECT_TRUE(Harness.Log.empty());
+}
+
+TEST_F(Vdr810Commands, NewAsksBeforeItDiscardsChanges) {
+    Harness->EditConfig().Modified = true;
+    Harness.AnswerBox(MessageAnswer::Cancel);
+    Harness->mnuFileNewVdr810_Click();
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_NE(Harness.Boxes[0].Text.find("before continuing?"), std::string::npos);
+    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr812);
+    EXPECT_TRUE(Harness.OfferedVersions.empty()) << "the dialog was not shown";
+}
+
+TEST_F(Vdr810Commands, AMalformedOptionFileMakesNoNewLogic) {
+    Harness.Files[Option230] = "identity\r\nnot a number\r\n";
+    Harness->mnuFileNewVdr810_Click();
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_EQ(Harness.Boxes[0].Text, "There was an error trying to open the File.\r\nError number: 13\r\n"
+                                     "Error description: Type mismatch\r\nError Source: read "
+                                     "/opt/brindle/PLC00230_OPT00012.810, value 2 of the header");
+    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr812);
+}
+
+TEST_F(Vdr810Commands, AnOptionFileThatEndsEarlyHasTheGenericBoxToo) {
+    Harness.Files[Option230] = "identity\r\n1.00\r\n";
+    Harness->mnuFileNewVdr810_Click();
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_EQ(Harness.Boxes[0].Text.substr(0, 61),
+              "There was an error trying to open the File.\r\nError number: 62");
+    EXPECT_NE(Harness.Boxes[0].Text.find(Option230), std::string::npos);
+}
+
+TEST_F(Vdr810Commands, OpenShowsTheFileWithTheSignalsOfItsOptionFile) {
+    Open("/data/x.c10");
+    EXPECT_TRUE(Harness.Boxes.empty());
+    EXPECT_EQ(Config().FilePath, "/data/x.c10");
+    EXPECT_EQ(Config().Coding.FalseCode, SchemeFalse);
+    EXPECT_FALSE(Config().Modified);
+    const UnitView view = Harness->View();
+    EXPECT_EQ(view.Inputs[4].Text, "Z1P");
+    EXPECT_TRUE(view.Inputs[4].InvertMark);
+    EXPECT_EQ(view.Inputs[5].Text, "FALSE");
+    EXPECT_TRUE(view.OutputSet.at(17));
+    EXPECT_FALSE(view.OutputSet.at(1));
+    EXPECT_EQ(view.FeedbackCaption, "T1FB");
+    EXPECT_FALSE(view.Groups[6].Visible);
+    EXPECT_TRUE(view.Groups[5].Visible);
+    EXPECT_EQ(Harness->Recent()[0].Path, "/data/x.c10");
+    EXPECT_EQ(Harness->Recent()[0].Model, RelayKind::Vdr810);
+}
+
+TEST_F(Vdr810Commands, OpeningAndSavingKeepsTheBytes) {
+    const std::string before = Harness.Files["/data/x.c10"];
+    Open("/data/x.c10");
+    Harness.Files["/data/x.c10"].clear();
+    Harness->mnuFileSave_Click();
+    EXPECT_EQ(Harness.Files["/data/x.c10"], before);
+    EXPECT_FALSE(Config().Modified);
+}
+
+TEST_F(Vdr810Commands, GroupsThatAreNotShownAreKept) {
+    LogicConfig config = SchemeLists(2.3, 12);
+    config.Group(8).Timer(6).DropOut = 777;
+    Harness.Files["/data/x.c10"] = EncodeVdr810(config);
+    Open("/data/x.c10");
+    Harness->mnuFileSave_Click();
+    EXPECT_EQ(Harness.Files["/data/x.c10"], EncodeVdr810(config));
+}
+
+TEST_F(Vdr810Commands, AVdr812OpenedAfterwardsShowsAllGroupsAndCarriesNothingOn) {
+    Open("/data/x.c10");
+    Harness->mnuNewFileVer230_Click();
+    EXPECT_EQ(Config().Vdr810, Vdr810Header{});
+    EXPECT_TRUE(Config().Lists.Empty());
+    EXPECT_EQ(Harness->Identity(), "");
+    EXPECT_TRUE(Harness->View().Groups[7].Visible);
+    EXPECT_EQ(Harness->View().FeedbackCaption, "");
+    EXPECT_EQ(Config().InputCode(1, 1, 1), NoConnectCode);
+}
+
+TEST_F(Vdr810Commands, WithoutOptionFileTheCaptionNamesIt) {
+    Harness.Files.erase(Option230);
+    Open("/data/x.c10");
+    EXPECT_EQ(Harness->Identity(),
+              "File: x.c10\r\nDate:5/4/2001  Time:10:12:33\r\nVersion:2.30  Options:0012\r\n"
+              "Missing: PLC00230_OPT00012.810");
+    EXPECT_FALSE(HasFile(Option230)) << "a file that brought no lists makes none";
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "") << "nobody knows the name";
+}
+
+TEST_F(Vdr810Commands, ListsOfTheLogicFileMakeTheOptionFile) {
+    Harness.Files.erase(Option230);
+    Harness.Files["/data/x.c10"] +=
+        "<CATEGORY INFO>\r\n3,Trip\r\n-1\r\n<LABEL INFO>\r\n3,20,Z1P\r\n3,255,FALSE\r\n";
+    Open("/data/x.c10");
+    ASSERT_TRUE(HasFile(Option230));
+    OptionFile made;
+    ASSERT_FALSE(DecodeOptionFile(Harness.Files[Option230], "made", made).Failed());
+    EXPECT_EQ(made.Head.Categories, 2) << "as many lines as were written";
+    EXPECT_EQ(made.Head.Labels, 2);
+    EXPECT_EQ(made.Unconnected, 255);
+    EXPECT_EQ(made.Lists, Config().Lists);
+    EXPECT_EQ(Harness->Identity().find("Missing"), std::string::npos);
+}
+
+TEST_F(Vdr810Commands, AnOptionFileThatIsThereIsNeverWritten) {
+    const std::string before = Harness.Files[Option230];
+    Harness.Files["/data/x.c10"] += "<LABEL INFO>\r\n3,20,OTHER\r\n";
+    Open("/data/x.c10");
+    EXPECT_EQ(Harness.Files[Option230], before);
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "Z1P") << "the option file's lists hold";
+}
+
+TEST_F(Vdr810Commands, AMalformedOptionFileLeavesTheListsOfTheLogicFile) {
+    Harness.Files[Option230] = "identity\r\n";
+    Harness.Files["/data/x.c10"] += "<LABEL INFO>\r\n3,20,OWN\r\n3,255,FALSE\r\n";
+    Open("/data/x.c10");
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_NE(Harness.Boxes[0].Text.find(Option230), std::string::npos);
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "OWN");
+    EXPECT_EQ(Config().FilePath, "/data/x.c10");
+}
+
+TEST_F(Vdr810Commands, ARefusedFileLeavesWhatWasReadAsANewFileThatIsNotSaved) {
+    const std::string whole = Harness.Files["/data/x.c10"];
+    const std::size_t pickUp = whole.find("\r\n3,1,") + 2;
+    Harness.Files["/data/x.c10"] = whole.substr(0, pickUp) + "7,1\r\n" + whole.substr(pickUp);
+    Open("/data/x.c10");
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_EQ(Harness.Boxes[0].Text, "VDR810 File Read in Problem!\r\n(Unit 1 DATA 7)\r\n"
+                                     "Record type 7 is not known.\r\nArray Element = 18\r\nAborting");
+    EXPECT_EQ(Harness.Boxes[0].Title, "VDR810 File Read in Problem");
+    EXPECT_EQ(Harness.Boxes[0].Icon, MessageIcon::CriticalStop);
+    EXPECT_EQ(Config().FilePath, "/opt/brindle/New_File.c10")
+        << "the file itself cannot be overwritten by Save";
+    EXPECT_TRUE(Config().Modified);
+    EXPECT_EQ(Config().InputCode(1, 1, 5), 236) << "lines before the refused one are there";
+    EXPECT_EQ(Config().Group(1).Timer(1).PickUp, 0);
+    EXPECT_NE(Harness->Recent()[0].Path, "/data/x.c10");
+}
+
+TEST_F(Vdr810Commands, AFileThatCannotBeReadLeavesEverything) {
+    Harness.Files["/data/x.c10"] = "identity\r\n1.00\r\n2.30\r\nx\r\n";
+    const std::string title = Harness->Title();
+    Open("/data/x.c10");
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_EQ(Harness.Boxes[0].Text.substr(0, 61),
+              "There was an error trying to open the File.\r\nError number: 13");
+    EXPECT_EQ(Harness->Title(), title);
+    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr812);
+}
+
+TEST_F(Vdr810Commands, UnitsThatTheFileLacksAreNamed) {
+    std::string& text = Harness.Files["/data/x.c10"];
+    text.resize(text.find("<LATCH 2 SET>"));
+    Open("/data/x.c10");
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_EQ(Harness.Boxes[0].Text,
+              "The file /data/x.c10 lacks lines of these units: R2, S2.  What is missing was "
+              "read as not connected, not mapped and zero.");
+    EXPECT_EQ(Config().InputCode(3, 9, 4), SchemeFalse) << "the option file told what is unconnected";
+    EXPECT_EQ(Config().FilePath, "/data/x.c10");
+}
+
+TEST_F(Vdr810Commands, TheDialogsAnswerIsOverruledByAnExtensionOfOurs) {
+    Harness.ChooseFile("/data", "x.c10", 1);
+    Harness->mnuOpenBin_Click();
+    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr810);
+}
+
+TEST_F(Vdr810Commands, AnotherExtensionGoesByTheFilter) {
+    Harness.Files["/data/x.txt"] = Harness.Files["/data/x.c10"];
+    Harness.ChooseFile("/data", "x.txt", 2);
+    Harness->mnuOpenBin_Click();
+    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr810);
+    EXPECT_EQ(Config().FilePath, "/data/x.txt");
+}
+
+TEST_F(Vdr810Commands, SaveAsWritesUnderTheNewNameAndRefreshesTheCaption) {
+    Open("/data/x.c10");
+    Harness.ChooseFile("/data", "y.c10", 2);
+    Harness->mnuSaveBin_Click();
+    EXPECT_EQ(Harness.Files["/data/y.c10"], Harness.Files["/data/x.c10"]);
+    EXPECT_EQ(Harness.Dialogs.back().Filter, "Vdr810 PLC File (*.c10)|*.c10");
+    EXPECT_EQ(Harness.Dialogs.back().FilterIndex, 2);
+    EXPECT_EQ(Harness->Identity().substr(0, 11), "File: y.c10");
+}
+
+TEST_F(Vdr810Commands, AChoosersSignalIsConnectedByItsNumber) {
+    Harness->mnuFileNewVdr810_Click();
+    Harness->txtPlo_GotFocus(5);
+    Harness->cmdSelectCategory_Click(1, 1);
+    EXPECT_EQ(Config().InputCode(1, 1, 5), 21);
+    EXPECT_EQ(Config().InputCode(1, 1, 6), TrueCode) << "a gate wholly FALSE becomes TRUE first";
+    EXPECT_EQ(Config().InputCode(1, 1, 9), SchemeFalse);
+    Harness->txtPlo_DblClick(5);
+    EXPECT_EQ(Config().InputCode(1, 1, 5), 256 - 21);
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "Z1G");
+}
+
+TEST_F(Vdr810Commands, UnitsThatTheRelayLacksAreHidden) {
+    LogicConfig config = SchemeLists(2.3, 12, 3);
+    config.Vdr810.TimerCount = 4;
+    config.Vdr810.LatchCount = 1;
+    Harness.Files["/data/x.c10"] = EncodeVdr810(config);
+    Open("/data/x.c10");
+    const UnitView view = Harness->View();
+    EXPECT_TRUE(view.Units[3].Visible);
+    EXPECT_FALSE(view.Units[4].Visible);
+    EXPECT_TRUE(view.Units[7].Visible);
+    EXPECT_FALSE(view.Units[8].Visible);
+    EXPECT_TRUE(view.Groups[2].Visible);
+    EXPECT_FALSE(view.Groups[3].Visible);
+    EXPECT_TRUE(Harness.Boxes.empty());
+}
+
+TEST_F(Vdr810Commands, WithoutTimersTheFirstLatchIsShown) {
+    LogicConfig config = SchemeLists(2.3, 12, 1);
+    config.Vdr810.TimerCount = 0;
+    Harness.Files["/data/x.c10"] = EncodeVdr810(config);
+    Open("/data/x.c10");
+    EXPECT_EQ(Harness->Shown().Unit, 7);
+}
+
+} // namespace
+} // namespace brindle
