@@ -17,6 +17,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -57,8 +58,16 @@ formPLG::formPLG(Editor& editor) : editor_(editor), choosers_(this, EventsOfChoo
     lblSelectedInput_->setFrameStyle(QFrame::StyledPanel);
     lblSelectedInput_->setMargin(3);
     column->addWidget(lblSelectedInput_);
-    diagram_ = new UnitDiagramWidget(central, EventsOfDiagram());
-    column->addWidget(diagram_, 1);
+    // The window is as large as the diagram needs; only a screen that is too small for that makes it scroll.
+    auto* view = new QScrollArea(central);
+    view->setObjectName(QStringLiteral("picDiagramView"));
+    view->setFrameShape(QFrame::NoFrame);
+    view->setFocusPolicy(Qt::NoFocus);
+    view->setWidgetResizable(true);
+    diagram_ = new UnitDiagramWidget(view, EventsOfDiagram());
+    view->setWidget(diagram_);
+    view->viewport()->setAutoFillBackground(false);
+    column->addWidget(view, 1);
     setCentralWidget(central);
     editor_.AttachWindow(WindowForEditor());
 }
@@ -75,10 +84,18 @@ void formPLG::FitToScreen() {
     QFont scaledFont = font();
     scaledFont.setPointSizeF(form.FontSize);
     setFont(scaledFont);
-    setMinimumSize(LeastSize * factor);
+    leastSize_ = LeastSize * factor;
+    setMinimumSize(leastSize_);
     const QSize wanted(TwipsToPixels(static_cast<int>(form.Width)),
                        TwipsToPixels(static_cast<int>(form.Height)));
     resize(wanted.boundedTo(QApplication::primaryScreen()->availableSize()));
+}
+
+void formPLG::GrowToContents() {
+    const QMargins margins = centralWidget()->layout()->contentsMargins();
+    const int width = diagram_->minimumSizeHint().width() + margins.left() + margins.right();
+    setMinimumSize(std::max(leastSize_.width(), std::min(width, screen()->availableSize().width())),
+                   leastSize_.height());
 }
 
 QWidget* formPLG::BuildHeader(QWidget* parent) {
@@ -200,7 +217,10 @@ EditorWindow formPLG::WindowForEditor() {
     window.ChooseVdr810Options = [this](Vdr810Options& options) { return ChooseVdr810Options(options); };
     window.ShowRecentFiles = [this] { ShowRecentFiles(); };
     window.ShowCategories = [this] { ShowCategories(); };
-    window.ShowOutputMap = [this] { diagram_->ShowOutputMap(editor_.OutputMap()); };
+    window.ShowOutputMap = [this] {
+        diagram_->ShowOutputMap(editor_.OutputMap());
+        GrowToContents();
+    };
     window.ShowUnit = [this](UnitRedraw redraw) { ShowUnit(redraw); };
     window.ShowChooser = [this](int category) { choosers_.Show(category); };
     window.HideChooser = [this](int category) { choosers_.Hide(category); };

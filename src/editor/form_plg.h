@@ -53,6 +53,9 @@ class formPLG : public QMainWindow {
     ChooserEvents EventsOfChoosers();
 
     void FitToScreen();
+    /// A relay with many outputs needs a wider window; as far as the screen has room, it cannot be made
+    /// smaller.
+    void GrowToContents();
     void BuildMenus();
     void ConnectMenus();
     QAction* Action(const QString& name) const;
@@ -88,6 +91,7 @@ class formPLG : public QMainWindow {
     formHomeDir* homeDir_ = nullptr;
     formHelp* help_ = nullptr;
     formAbout* about_ = nullptr;
+    QSize leastSize_;
     bool loaded_ = false;
     Qt::WindowStates restoredState_ = Qt::WindowNoState;
 

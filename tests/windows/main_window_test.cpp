@@ -96,7 +96,8 @@ TEST_F(MainWindow, TheOpenDialogOpensInTheHomeDirectoryAndItsFolderBecomesCurren
     Choose("mnuOpenBin");
     ASSERT_EQ(Dialogs.FileDialogs.size(), 1U);
     EXPECT_EQ(Dialogs.FileDialogs[0].Title, "Open Binary File");
-    EXPECT_EQ(Dialogs.FileDialogs[0].Filters, (std::vector<std::string>{"Vdr812 PLC Files (*.pl)"}));
+    EXPECT_EQ(Dialogs.FileDialogs[0].Filters,
+              (std::vector<std::string>{"Vdr812 PLC Files (*.pl)", "All Files (*)"}));
     EXPECT_EQ(Dialogs.FileDialogs[0].Folder, Folder.path().toStdString());
     EXPECT_EQ(Dialogs.FileDialogs[0].SelectedName, "");
     EXPECT_EQ(QDir::currentPath(), Folder.filePath(QStringLiteral("sub")));
