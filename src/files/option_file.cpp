@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace brindle {
@@ -64,15 +65,14 @@ bool Split(std::string_view line, std::array<std::string_view, Count>& fields) {
 /// Takes the lines after the unconnected signal's.
 class ListReader {
   public:
-    explicit ListReader(OptionFile& option) : option_(option) {}
+    explicit ListReader(OptionFile& option) : option_(option), unconnected_(option.Unconnected) {}
 
     /// 0, or the number of the error for which the line is refused.
     int Take(std::string_view line) {
         std::string_view first;
         FieldCursor(line).Next(first);
         first = Trimmed(first);
-        if (first == CategoryTag || first == LabelTag) {
-            section_ = first == CategoryTag ? Section::Categories : Section::Labels;
+        if (Begin(first)) {
             return NoFileError;
         }
         switch (section_) {
@@ -88,8 +88,29 @@ class ListReader {
         return SubscriptError;
     }
 
+    /// Whether each list has its END entry or all the entries that the head promises.
+    [[nodiscard]] bool Whole() const {
+        return Whole(option_.Lists.Categories, option_.Head.Categories) &&
+               Whole(option_.Lists.Labels, option_.Head.Labels);
+    }
+
   private:
     enum class Section { None, Categories, Labels, Ended };
+
+    /// Of a repeated section the last holds.
+    bool Begin(std::string_view tag) {
+        if (tag == CategoryTag) {
+            section_ = Section::Categories;
+            option_.Lists.Categories.clear();
+        } else if (tag == LabelTag) {
+            section_ = Section::Labels;
+            option_.Lists.Labels.clear();
+            option_.Unconnected = unconnected_;
+        } else {
+            return false;
+        }
+        return true;
+    }
 
     int TakeCategory(std::string_view line, std::string_view first) {
         std::array<std::string_view, CategoryFields> fields;
@@ -137,9 +158,22 @@ class ListReader {
         return NoFileError;
     }
 
+    template<class Entry>
+    static bool Whole(const std::vector<Entry>& list, std::int16_t promised) {
+        return list.size() >= static_cast<std::size_t>(promised) || (!list.empty() && IsEnd(list.back()));
+    }
+
     OptionFile& option_;
+    std::int16_t unconnected_; ///< as the line before the lists tells it
     Section section_ = Section::None;
 };
+
+/// The entries of a list as a head can count them; the END entry may be one too many.
+template<class Entry>
+std::int16_t CountOf(const std::vector<Entry>& list) {
+    constexpr std::size_t greatest = std::numeric_limits<std::int16_t>::max();
+    return static_cast<std::int16_t>(std::min(list.size(), greatest));
+}
 
 std::string_view FlagWord(Bool16 flag) {
     return flag ? "True" : "False";
@@ -173,6 +207,9 @@ FileError DecodeOptionFile(std::string_view text, const std::string& source, Opt
                                              " after the unconnected signal");
         }
     }
+    if (!lists.Whole()) {
+        return MakeFileError(InputPastEndError, source);
+    }
     option = std::move(read);
     return {};
 }
@@ -185,8 +222,8 @@ FileError ReadOptionFile(const FileSystem& files, const std::string& path, Optio
 
 std::string EncodeOptionFile(const LogicConfig& config) {
     Vdr810Head head = HeadOf(config);
-    head.Categories = static_cast<std::int16_t>(config.Lists.Categories.size());
-    head.Labels = static_cast<std::int16_t>(config.Lists.Labels.size());
+    head.Categories = CountOf(config.Lists.Categories);
+    head.Labels = CountOf(config.Lists.Labels);
     std::string text = Vdr810HeadText(head) + AloneOnLine(config.Coding.FalseCode);
     text += std::string(CategoryTag) + "\r\n";
     for (const Vdr810Category& category : config.Lists.Categories) {

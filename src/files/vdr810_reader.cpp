@@ -37,11 +37,12 @@ Vdr810Reading ReadVdr810File(const FileSystem& files, const std::string& path, L
 }
 
 void ClearUnreadInputs(LogicConfig& config, const Vdr810Reading& reading) {
-    for (LogicGroup& group : config.Groups) {
+    for (int group = 1; group <= MaxGroups; ++group) {
         for (std::size_t unit = 0; unit < reading.Lines.size(); ++unit) {
+            auto& inputs = config.Group(group).Units.at(unit).Inputs;
             for (std::size_t input = 0; input < InputsPerUnit; ++input) {
-                if (!reading.Lines.at(unit).Inputs.test(input)) {
-                    group.Units.at(unit).Inputs.at(input) = UnconnectedCode(config);
+                if (group > config.GroupCount || !reading.Lines.at(unit).Inputs.test(input)) {
+                    inputs.at(input) = UnconnectedCode(config);
                 }
             }
         }

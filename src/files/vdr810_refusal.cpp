@@ -7,6 +7,7 @@ namespace brindle {
 namespace {
 
 constexpr const char* Title = "VDR810 File Read in Problem";
+constexpr std::size_t RecordShown = 20; // a file that is none of ours can have a line of megabytes
 
 MessageBox Refusal(const std::string& text) {
     return {text + "\r\nAborting", MessageIcon::CriticalStop, MessageButtons::Ok, Title};
@@ -22,8 +23,12 @@ std::string LabelPlace() {
     return "VDR810 File Read in Problem (Label Info)";
 }
 
-std::string UnitPlace(int unit, const std::string& record) {
-    return "VDR810 File Read in Problem!\r\n(Unit " + std::to_string(unit) + " DATA " + record + ")";
+std::string UnitPlace(int unit, std::string_view record) {
+    std::string shown(record.substr(0, RecordShown));
+    if (shown.size() < record.size()) {
+        shown += "...";
+    }
+    return "VDR810 File Read in Problem!\r\n(Unit " + std::to_string(unit) + " DATA " + shown + ")";
 }
 
 MessageBox WrongFieldCount(const std::string& place, int found, int needed, int stated, int element) {

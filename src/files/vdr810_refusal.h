@@ -4,6 +4,7 @@
 #include "platform/message_box.h"
 
 #include <string>
+#include <string_view>
 
 /// The boxes that tell why a line of a VDR810 logic file was refused. Entries and lines count from 1.
 namespace brindle {
@@ -11,8 +12,8 @@ namespace brindle {
 /// Where a line stands: the first lines of its box.
 std::string CategoryPlace();
 std::string LabelPlace();
-/// `unit` 0: before the first section. `record` as it stands in the file.
-std::string UnitPlace(int unit, const std::string& record);
+/// `unit` 0: before the first section. `record` as it stands in the file, a long one cut.
+std::string UnitPlace(int unit, std::string_view record);
 
 /// A line of `found` fields where `needed` belong; `stated` is the number that the box names.
 MessageBox WrongFieldCount(const std::string& place, int found, int needed, int stated, int element);

@@ -5,6 +5,7 @@
 #include "files/vdr810_sections.h"
 #include "model/output_map.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace brindle {
@@ -25,15 +26,17 @@ std::string_view FirstField(std::string_view line) {
 } // namespace
 
 Vdr810SectionReader::Vdr810SectionReader(LogicConfig& config, std::array<UnitLinesRead, UnitsPerGroup>& lines)
-    : config_(config), lines_(lines), banks_(BankCount(config)) {}
+    : config_(config), lines_(lines), banks_(BankCount(config)), falseCode_(config.Coding.FalseCode) {}
 
 std::optional<MessageBox> Vdr810SectionReader::Take(std::string_view line) {
     const std::string_view first = FirstField(line);
-    if (BeginSection(first)) {
-        if (section_ == Section::Unit && !UnitPromised()) {
-            return RefusedLine(UnitPlace(unit_, std::string(first)), "The header promises no such unit.", 0);
+    if (!first.empty() && first.front() == '<') { // most lines are told apart without a look at the tags
+        if (const int unit = UnitOfTag(first); unit != 0) {
+            return BeginUnit(unit, first);
         }
-        return {};
+        if (BeginList(first)) {
+            return {};
+        }
     }
     ++element_;
     switch (section_) {
@@ -48,24 +51,28 @@ std::optional<MessageBox> Vdr810SectionReader::Take(std::string_view line) {
     case Section::None:
         break;
     }
-    return RefusedLine(UnitPlace(0, std::string(first)), "No section has begun.", element_);
+    return RefusedLine(UnitPlace(0, first), "No section has begun.", element_);
 }
 
-bool Vdr810SectionReader::BeginSection(std::string_view tag) {
-    if (tag.empty() || tag.front() != '<') {
-        return false; // most lines, told apart without a look at the table
+std::optional<MessageBox> Vdr810SectionReader::BeginUnit(int unit, std::string_view tag) {
+    if (!HasUnit(config_, unit)) {
+        return RefusedLine(UnitPlace(unit, tag), "The header promises no such unit.", 0);
     }
-    const int unit = UnitOfTag(tag);
-    if (unit != 0) {
-        section_ = Section::Unit;
-        unit_ = unit;
-        ClearUnitRead();
-    } else if (tag == CategoryTag) {
+    section_ = Section::Unit;
+    unit_ = unit;
+    element_ = 0;
+    ClearUnitRead();
+    return {};
+}
+
+bool Vdr810SectionReader::BeginList(std::string_view tag) {
+    if (tag == CategoryTag) {
         section_ = Section::Categories;
         config_.Lists.Categories.clear();
     } else if (tag == LabelTag) {
         section_ = Section::Labels;
         config_.Lists.Labels.clear();
+        config_.Coding.FalseCode = falseCode_;
     } else {
         return false;
     }
@@ -73,16 +80,19 @@ bool Vdr810SectionReader::BeginSection(std::string_view tag) {
     return true;
 }
 
-bool Vdr810SectionReader::UnitPromised() const {
-    return HasUnit(config_, unit_);
-}
-
 void Vdr810SectionReader::ClearUnitRead() {
     Lines() = {};
+    const int slot = Unit(unit_).MapSlot;
+    const bool otherSideMapped = std::any_of(UnitTable.begin(), UnitTable.end(), [&](const UnitInfo& unit) {
+        return unit.MapSlot == slot && lines_.at(static_cast<std::size_t>(unit.Number - 1)).OutputMap;
+    });
     for (LogicGroup& group : config_.Groups) {
         group.Unit(unit_).Inputs.fill(UnconnectedCode(config_));
         if (IsTimer(unit_)) {
             group.Timer(unit_) = {};
+        }
+        if (!otherSideMapped) {
+            group.OutputWords.at(static_cast<std::size_t>(slot - 1)).fill(0);
         }
     }
 }
@@ -129,13 +139,13 @@ std::optional<MessageBox> Vdr810SectionReader::TakeLabel(std::string_view line) 
     if (const NumberFault fault = ParseNumber(field, label.Signal); fault != NumberFault::None) {
         return RefusedLine(LabelPlace(), FaultOfField(2, fault), element_);
     }
+    std::int16_t falseCode = config_.Coding.FalseCode;
     const std::string_view number = field;
     cursor.Next(field);
     label.Name = field;
     label.Caption = label.Name;
     if (label.Name == FalseName) {
-        if (const NumberFault fault = ParseNumber(number, config_.Coding.FalseCode);
-            fault != NumberFault::None) {
+        if (const NumberFault fault = ParseNumber(number, falseCode); fault != NumberFault::None) {
             return RefusedLine(LabelPlace(), FaultOfField(2, fault), element_);
         }
     }
@@ -144,6 +154,7 @@ std::optional<MessageBox> Vdr810SectionReader::TakeLabel(std::string_view line) 
     } else if (element_ > config_.Vdr810.LabelCount) {
         return RefusedLine(LabelPlace(), "The header promises fewer labels.", element_);
     }
+    config_.Coding.FalseCode = falseCode;
     config_.Lists.Labels.push_back(std::move(label));
     return {};
 }
@@ -154,7 +165,7 @@ int Vdr810SectionReader::ValuesPerGroup(int record) const {
 
 std::optional<MessageBox> Vdr810SectionReader::TakeUnitLine(std::string_view line, std::string_view first) {
     const auto refuse = [&](const std::string& cause) {
-        return RefusedLine(UnitPlace(unit_, std::string(first)), cause, element_);
+        return RefusedLine(UnitPlace(unit_, first), cause, element_);
     };
     std::int32_t record = 0;
     if (const NumberFault fault = ParseNumber(first, record); fault != NumberFault::None) {
@@ -166,7 +177,7 @@ std::optional<MessageBox> Vdr810SectionReader::TakeUnitLine(std::string_view lin
     const int needed = FieldsBeforeValues + config_.GroupCount * ValuesPerGroup(record);
     const int fields = FieldCount(line);
     if (fields != needed) {
-        return WrongFieldCount(UnitPlace(unit_, std::string(first)), fields, needed, needed, element_);
+        return WrongFieldCount(UnitPlace(unit_, first), fields, needed, needed, element_);
     }
     if (!IsTimer(unit_) && (record == PickUpRecord || record == DropOutRecord)) {
         return {}; // a latch has no times

@@ -22,8 +22,9 @@ class Vdr810SectionReader {
     using Refused = std::optional<MessageBox>;
     enum class Section { None, Categories, Labels, Unit, Ended };
 
-    [[nodiscard]] bool BeginSection(std::string_view tag);
-    [[nodiscard]] bool UnitPromised() const;
+    [[nodiscard]] Refused BeginUnit(int unit, std::string_view tag);
+    [[nodiscard]] bool BeginList(std::string_view tag);
+    /// Of a repeated section the last holds.
     void ClearUnitRead();
     [[nodiscard]] Refused TakeCategory(std::string_view line, std::string_view first);
     [[nodiscard]] Refused TakeLabel(std::string_view line);
@@ -38,6 +39,7 @@ class Vdr810SectionReader {
     LogicConfig& config_;
     std::array<UnitLinesRead, UnitsPerGroup>& lines_;
     int banks_;
+    std::int16_t falseCode_; ///< the unconnected signal before any label told it
     Section section_ = Section::None;
     int unit_ = 0;
     int element_ = 0; ///< lines or entries of the section so far
