@@ -1,7 +1,9 @@
 #include "cli/commands.h"
 #include "cli/complaint.h"
 #include "cli/logic_json.h"
+#include "files/file_model.h"
 #include "files/program_file.h"
+#include "files/vdr810_writer.h"
 #include "files/whole_file.h"
 
 #include <filesystem>
@@ -16,7 +18,9 @@ constexpr std::size_t ModelSizeLimit = 1U << 20U;
 
 } // namespace
 
-int BuildCommand(const std::string& model, const std::string& out, const CommandEnvironment& environment) {
+int BuildCommand(const BuildArguments& arguments, const CommandEnvironment& environment) {
+    const std::string& model = arguments.Model;
+    const std::string& out = arguments.Out;
     std::error_code notThere;
     if (std::filesystem::equivalent(model, out, notThere)) {
         Complain(environment, out + ": is the model itself and would be lost");
@@ -37,7 +41,14 @@ int BuildCommand(const std::string& model, const std::string& out, const Command
         Complain(environment, model + ": " + refusal);
         return ExitFailed;
     }
-    error = WriteProgramFile(environment.Files, out, config);
+    const RelayKind wanted = arguments.Relay.value_or(ModelOfPath(out).value_or(config.RelayModel));
+    if (wanted != config.RelayModel) {
+        Complain(environment, model + ": relay_model " + std::to_string(static_cast<int>(config.RelayModel)) +
+                                  " is not that of " + out);
+        return ExitBadArguments;
+    }
+    error = config.RelayModel == RelayKind::Vdr812 ? WriteProgramFile(environment.Files, out, config)
+                                                   : WriteVdr810File(environment.Files, out, config);
     return error.Failed() ? ComplainOfFile(environment, out, error) : static_cast<int>(ExitWell);
 }
 

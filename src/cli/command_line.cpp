@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <map>
 #include <ostream>
 
 namespace brindle {
@@ -15,10 +16,10 @@ namespace {
 /// What the arguments hold once they are parsed.
 struct Request {
     ReportArguments Report;
-    std::string DumpFile;
-    std::string Model;
-    std::string Out;
+    LogicInput Dump;
+    BuildArguments Build;
     std::string CatalogueVersion = "2.30";
+    std::string OptionFile;
 };
 
 std::string VersionLine() {
@@ -32,9 +33,28 @@ constexpr const char* Footer = R"(Exit codes:
   2  bad arguments
   3  a file could not be read or written, or the model was refused)";
 
+void AddModel(CLI::App& command, std::optional<RelayKind>& model) {
+    const std::map<std::string, RelayKind> models{{"vdr812", RelayKind::Vdr812},
+                                                  {"vdr810", RelayKind::Vdr810}};
+    command.add_option("--model", model, "The relay, vdr812 or vdr810; otherwise the extension tells")
+        ->transform(CLI::CheckedTransformer(models, CLI::ignore_case))
+        ->type_name("MODEL")
+        ->option_text("MODEL");
+}
+
+/// What every command that reads a file of either model takes.
+void AddInput(CLI::App& command, LogicInput& input) {
+    command.add_option("FILE", input.File, "Program file (.pl) or logic file (.c10)")->required();
+    AddModel(command, input.Model);
+    command
+        .add_option("--plc-folder", input.PlcFolder,
+                    "Folder of the option files of VDR810 logic; otherwise the program's")
+        ->type_name("DIR");
+}
+
 CLI::App* AddReport(CLI::App& app, Request& request) {
-    CLI::App* report = app.add_subcommand("report", "Write the text report of a program file's units");
-    report->add_option("FILE", request.Report.File, "Program file (.pl)")->required();
+    CLI::App* report = app.add_subcommand("report", "Write the text report of a file's units");
+    AddInput(*report, request.Report.Input);
     report
         ->add_option("--group", request.Report.Groups,
                      "Report this setting group only, 1 to 8; may be given again")
@@ -50,24 +70,28 @@ CLI::App* AddReport(CLI::App& app, Request& request) {
 }
 
 CLI::App* AddDump(CLI::App& app, Request& request) {
-    CLI::App* dump = app.add_subcommand("dump", "Write the whole logic of a program file as JSON");
-    dump->add_option("FILE", request.DumpFile, "Program file (.pl)")->required();
+    CLI::App* dump = app.add_subcommand("dump", "Write the whole logic of a file as JSON");
+    AddInput(*dump, request.Dump);
     return dump;
 }
 
 CLI::App* AddBuild(CLI::App& app, Request& request) {
-    CLI::App* build = app.add_subcommand("build", "Make the program file that a JSON model describes");
-    build->add_option("MODEL", request.Model, "JSON as dump writes it; every field must be there")
+    CLI::App* build = app.add_subcommand("build", "Make the file that a JSON model describes");
+    build->add_option("MODEL", request.Build.Model, "JSON as dump writes it; every field must be there")
         ->required();
-    build->add_option("OUT", request.Out, "Program file (.pl) to write; an old one is replaced")->required();
+    build->add_option("OUT", request.Build.Out, "File (.pl or .c10) to write; an old one is replaced")
+        ->required();
+    AddModel(*build, request.Build.Relay);
     return build;
 }
 
 CLI::App* AddSignals(CLI::App& app, Request& request) {
     CLI::App* signals = app.add_subcommand("signals", "List the signals that inputs can be connected to");
+    CLI::Option* file = signals->add_option("FILE", request.OptionFile, "Of this option file (.810)");
     signals->add_option("--version", request.CatalogueVersion, "Of this file version: 1.00 or 2.30")
         ->type_name("VERSION")
-        ->capture_default_str();
+        ->capture_default_str()
+        ->excludes(file);
     return signals;
 }
 
@@ -80,7 +104,8 @@ bool HasCommand(CLI::App& app, const std::string& name) {
 /// Parses the arguments and runs the command they name.
 int Dispatch(std::vector<std::string> arguments, const CommandEnvironment& environment) {
     Request request;
-    CLI::App app("Looks into and makes VDR812 program files, without a window.", CompanionName);
+    CLI::App app("Looks into and makes VDR812 program files and VDR810 logic files, without a window.",
+                 CompanionName);
     app.require_subcommand(1);
     app.footer(Footer);
     app.set_version_flag("--version", VersionLine());
@@ -110,10 +135,13 @@ int Dispatch(std::vector<std::string> arguments, const CommandEnvironment& envir
         return ReportCommand(request.Report, environment);
     }
     if (dump->parsed()) {
-        return DumpCommand(request.DumpFile, environment);
+        return DumpCommand(request.Dump, environment);
     }
     if (build->parsed()) {
-        return BuildCommand(request.Model, request.Out, environment);
+        return BuildCommand(request.Build, environment);
+    }
+    if (!request.OptionFile.empty()) {
+        return OptionSignalsCommand(request.OptionFile, environment);
     }
     return SignalsCommand(request.CatalogueVersion, environment);
 }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "model/logic_config.h"
 #include "platform/file_system.h"
+#include "platform/folders.h"
 
 #include <functional>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,26 +28,45 @@ struct CommandEnvironment {
     std::string StartFolder;           ///< absolute path of the current folder
     std::function<std::string()> Date; ///< today in the system's short form
     std::function<std::string()> Time; ///< now in the system's short form
+    FolderFunctions Folders{};
+    std::string PlcFolder{}; ///< where the option files are unless an argument says otherwise
+};
+
+/// A file that a command reads.
+struct LogicInput {
+    std::string File;
+    std::optional<RelayKind> Model; ///< without it the extension tells; a VDR812 where that does not either
+    std::optional<std::string> PlcFolder; ///< the folder of the option files
 };
 
 struct ReportArguments {
-    std::string File;
-    std::vector<int> Groups;        ///< 1 to 8, in any order; none selects all
+    LogicInput Input;
+    std::vector<int> Groups;        ///< 1 to the logic's group count, in any order; none selects all
     std::vector<std::string> Units; ///< tags in upper or lower case, in any order; none selects all
     bool Numbers = false;           ///< show the stored codes of the inputs
 };
 
-/// Writes the report of the selected units of a program file, in group and unit order, each unit once.
+/// Writes the report of the selected units of a file, in group and unit order, each unit once.
 int ReportCommand(const ReportArguments& arguments, const CommandEnvironment& environment);
 
-/// Writes the whole logic of the program file `file` as JSON.
-int DumpCommand(const std::string& file, const CommandEnvironment& environment);
+/// Writes the whole logic of a file as JSON.
+int DumpCommand(const LogicInput& input, const CommandEnvironment& environment);
 
-/// Writes to `out` the program file that the JSON in the file `model` describes. A model that is refused, or
-/// an `out` that cannot be written, leaves an existing `out` as it was.
-int BuildCommand(const std::string& model, const std::string& out, const CommandEnvironment& environment);
+struct BuildArguments {
+    std::string Model; ///< the JSON
+    std::string Out;
+    std::optional<RelayKind>
+        Relay; ///< what the JSON must be for; without it, what the extension of `Out` tells
+};
 
-/// Writes the signal catalogue of a file version ("1.00" or "2.30") as a table.
+/// Writes to `Out` the file that the JSON in the file `Model` describes. A model that is refused, or an `Out`
+/// that cannot be written, leaves an existing `Out` as it was.
+int BuildCommand(const BuildArguments& arguments, const CommandEnvironment& environment);
+
+/// Writes the signal catalogue of a VDR812 file version ("1.00" or "2.30") as a table.
 int SignalsCommand(const std::string& version, const CommandEnvironment& environment);
+
+/// The same of the option file `file`.
+int OptionSignalsCommand(const std::string& file, const CommandEnvironment& environment);
 
 } // namespace brindle

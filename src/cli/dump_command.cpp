@@ -1,14 +1,14 @@
 #include "cli/commands.h"
+#include "cli/logic_input.h"
 #include "cli/logic_json.h"
-#include "cli/program_input.h"
 
 #include <ostream>
 
 namespace brindle {
 
-int DumpCommand(const std::string& file, const CommandEnvironment& environment) {
+int DumpCommand(const LogicInput& input, const CommandEnvironment& environment) {
     LogicConfig config;
-    const int result = ReadProgramInput(environment, file, config);
+    const int result = ReadLogicInput(environment, input, config);
     if (result != ExitFailed) {
         environment.Out << LogicToJson(config);
     }

@@ -1,6 +1,8 @@
 #include "cli/json_fields.h"
 
 #include "cli/json_text.h"
+#include "files/text_fields.h"
+#include "model/number_text.h"
 
 #include <nlohmann/json.hpp>
 
@@ -117,7 +119,7 @@ bool JsonFields::Text(const json& value, const std::string& path, std::string& t
     return true;
 }
 
-bool JsonFields::Bytes(const json& value, const std::string& path, std::span<char> bytes) {
+bool JsonFields::AnyBytes(const json& value, const std::string& path, std::string& bytes) {
     std::string text;
     if (!Text(value, path, text)) {
         return false;
@@ -127,12 +129,46 @@ bool JsonFields::Bytes(const json& value, const std::string& path, std::span<cha
     if (std::any_of(characters.begin(), characters.end(), [](char32_t c) { return c > lastByte; })) {
         return Refuse(path, "a character above U+00FF");
     }
-    if (characters.size() != bytes.size()) {
-        return Refuse(path,
-                      std::to_string(characters.size()) + " characters, not " + std::to_string(bytes.size()));
-    }
+    bytes.resize(characters.size());
     std::transform(characters.begin(), characters.end(), bytes.begin(),
                    [](char32_t c) { return static_cast<char>(static_cast<unsigned char>(c)); });
+    return true;
+}
+
+bool JsonFields::Bytes(const json& value, const std::string& path, std::span<char> bytes) {
+    std::string read;
+    if (!AnyBytes(value, path, read)) {
+        return false;
+    }
+    if (read.size() != bytes.size()) {
+        return Refuse(path, std::to_string(read.size()) + " characters, not " + std::to_string(bytes.size()));
+    }
+    std::copy(read.begin(), read.end(), bytes.begin());
+    return true;
+}
+
+bool JsonFields::Line(const json& value, const std::string& path, std::string& bytes) {
+    std::string read;
+    if (!AnyBytes(value, path, read)) {
+        return false;
+    }
+    if (read.find_first_of(",\r\n") != std::string::npos) {
+        return Refuse(path, "a comma or line end, which the file has no place for");
+    }
+    bytes = read;
+    return true;
+}
+
+bool JsonFields::TwoDecimals(const json& value, const std::string& path, double& number) {
+    std::string text;
+    if (!Text(value, path, text)) {
+        return false;
+    }
+    double read = 0;
+    if (ParseNumber(text, read) != NumberFault::None || FormatFixed(read, 2) != text) {
+        return Refuse(path, "not a number with two decimals");
+    }
+    number = read;
     return true;
 }
 

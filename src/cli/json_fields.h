@@ -34,10 +34,19 @@ class JsonFields {
     /// Takes a text of as many characters as `bytes` has, each the byte of the same value.
     bool Bytes(const nlohmann::json& value, const std::string& path, std::span<char> bytes);
 
+    /// Takes a text of any length without commas and line ends, each character the byte of the same value.
+    bool Line(const nlohmann::json& value, const std::string& path, std::string& bytes);
+
+    /// Takes a text that is a number with exactly two decimals, "2.30".
+    bool TwoDecimals(const nlohmann::json& value, const std::string& path, double& number);
+
     /// Notes a refusal of the value at `path`. Always false.
     bool Refuse(const std::string& path, const std::string& reason);
 
   private:
+    /// The bytes of a text, each of the value of a character.
+    bool AnyBytes(const nlohmann::json& value, const std::string& path, std::string& bytes);
+
     std::string refusal_;
 };
 

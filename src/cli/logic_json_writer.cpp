@@ -1,9 +1,11 @@
 #include "cli/logic_json.h"
+#include "files/vdr810_head.h"
 #include "model/number_text.h"
 
 #include <nlohmann/json.hpp>
 
 #include <array>
+#include <utility>
 
 namespace brindle {
 
@@ -53,6 +55,23 @@ std::string HeaderJson(const ProgramHeader& header) {
            ",\n    \"text2\": " + Quoted(TextOf(header.Text2)) + "\n  },\n";
 }
 
+std::string Vdr810HeaderJson(const LogicConfig& config) {
+    const Vdr810Head head = HeadOf(config);
+    std::string text = "  \"header\": {\n    \"identity\": " + Quoted(head.Identity) +
+                       ",\n    \"format_number\": " + Quoted(FormatFixed(head.FormatNumber, 2)) +
+                       ",\n    \"settings_version\": " + Quoted(FormatFixed(head.SettingsVersion, 2));
+    const std::pair<const char*, std::int32_t> numbers[] = {
+        {"options", head.Options},        {"group_count", head.Groups},
+        {"timers", head.Timers},          {"latches", head.Latches},
+        {"labels", head.Labels},          {"categories", head.Categories},
+        {"signals", head.Signals},        {"first_output", head.FirstOutput},
+        {"last_output", head.LastOutput}, {"unconnected", config.Coding.FalseCode}};
+    for (const auto& [name, number] : numbers) {
+        text += ",\n    \"" + std::string(name) + "\": " + std::to_string(number);
+    }
+    return text + "\n  },\n";
+}
+
 std::string UnitJson(const LogicGroup& group, int unit) {
     std::string text =
         "{\"tag\": " + Quoted(Unit(unit).Tag) + ", \"inputs\": " + List(group.Unit(unit).Inputs);
@@ -84,10 +103,13 @@ std::string VersionField(const ProgramHeader& header) {
 }
 
 std::string LogicToJson(const LogicConfig& config) {
+    const bool vdr812 = config.RelayModel == RelayKind::Vdr812;
+    const std::string version =
+        vdr812 ? VersionField(config.Header) : FormatFixed(config.Vdr810.SettingsVersion, 2);
     std::string text = "{\n  \"relay_model\": " + std::to_string(static_cast<int>(config.RelayModel)) +
-                       ",\n  \"version\": " + Quoted(VersionField(config.Header)) +
+                       ",\n  \"version\": " + Quoted(version) +
                        ",\n  \"group_count\": " + std::to_string(config.GroupCount) + ",\n" +
-                       HeaderJson(config.Header) + "  \"groups\": [\n";
+                       (vdr812 ? HeaderJson(config.Header) : Vdr810HeaderJson(config)) + "  \"groups\": [\n";
     for (int group = 1; group <= config.GroupCount; ++group) {
         text += GroupJson(config.Group(group)) + CommaAfter(group, config.GroupCount);
     }

@@ -11,7 +11,8 @@ int main(int argc, char** argv) {
     std::setlocale(LC_TIME, "");
     brindle::MakeStandardOutputBinary();
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-    return brindle::RunCommandLine(arguments, {brindle::RealFileSystem(), std::cout, std::cerr,
-                                               brindle::RealFolders().CurrentFolder(), brindle::ShortDate,
-                                               brindle::ShortTime});
+    return brindle::RunCommandLine(arguments,
+                                   {brindle::RealFileSystem(), std::cout, std::cerr,
+                                    brindle::RealFolders().CurrentFolder(), brindle::ShortDate,
+                                    brindle::ShortTime, brindle::RealFolders(), brindle::ProgramFolder()});
 }

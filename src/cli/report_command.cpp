@@ -1,7 +1,8 @@
 #include "cli/commands.h"
 #include "cli/complaint.h"
-#include "cli/program_input.h"
+#include "cli/logic_input.h"
 #include "editor/gate_rows.h"
+#include "platform/ascii_letters.h"
 #include "platform/paths.h"
 #include "report/logic_report.h"
 
@@ -13,13 +14,9 @@ namespace brindle {
 
 namespace {
 
-char AsciiUpper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 /// The number of the unit with tag `tag` in either case, 0 when there is none.
-int UnitOfTag(std::string tag) {
-    std::transform(tag.begin(), tag.end(), tag.begin(), AsciiUpper);
+int UnitNumberOf(std::string tag) {
+    std::transform(tag.begin(), tag.end(), tag.begin(), UpperLetter);
     for (const UnitInfo& unit : UnitTable) {
         if (unit.Tag == tag) {
             return unit.Number;
@@ -51,14 +48,11 @@ std::string Select(const ReportArguments& arguments, Selection& selection) {
         selection.Groups.insert(group);
     }
     for (const std::string& tag : arguments.Units) {
-        const int unit = UnitOfTag(tag);
+        const int unit = UnitNumberOf(tag);
         if (unit == 0) {
             return "unit \"" + tag + "\" is none of T1 to T6, R1, S1, R2, S2";
         }
         selection.Units.insert(unit);
-    }
-    if (selection.Groups.empty()) {
-        selection.Groups = NumbersTo(MaxGroups);
     }
     if (selection.Units.empty()) {
         selection.Units = NumbersTo(UnitsPerGroup);
@@ -76,13 +70,22 @@ int ReportCommand(const ReportArguments& arguments, const CommandEnvironment& en
         return ExitBadArguments;
     }
     LogicConfig config;
-    const int result = ReadProgramInput(environment, arguments.File, config);
+    const int result = ReadLogicInput(environment, arguments.Input, config);
     if (result == ExitFailed) {
         return result;
     }
-    const SignalCatalogue catalogue = BuildVdr812Catalogue(config.Version);
+    if (selection.Groups.empty()) {
+        selection.Groups = NumbersTo(config.GroupCount);
+    }
+    if (*selection.Groups.rbegin() > config.GroupCount) {
+        Complain(environment, arguments.Input.File + ": has no group " +
+                                  std::to_string(*selection.Groups.rbegin()) + ", only " +
+                                  std::to_string(config.GroupCount));
+        return ExitBadArguments;
+    }
+    const SignalCatalogue catalogue = BuildCatalogue(config);
     UnitReportRequest request;
-    request.FileName = AbsolutePath(environment.StartFolder, arguments.File);
+    request.FileName = AbsolutePath(environment.StartFolder, arguments.Input.File);
     request.NumbersShown = arguments.Numbers;
     request.GateRowsShown = GateRowsShown(config.Version);
     request.Date = environment.Date();

@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "cli/complaint.h"
+#include "files/option_file.h"
 #include "model/logic_config.h"
 #include "model/signal_catalogue.h"
 
@@ -22,7 +23,10 @@ std::string CategoryText(const SignalCatalogue& catalogue, std::int16_t category
     if (category == NoCategory) {
         return "-";
     }
-    return std::to_string(category) + " " + catalogue.Categories.at(static_cast<std::size_t>(category)).Name;
+    const auto entry =
+        std::find_if(catalogue.Categories.begin(), catalogue.Categories.end(),
+                     [category](const CategoryEntry& each) { return each.Number == category; });
+    return std::to_string(category) + (entry == catalogue.Categories.end() ? "" : " " + entry->Name);
 }
 
 std::vector<TableRow> SignalRows(const SignalCatalogue& catalogue) {
@@ -48,14 +52,7 @@ std::string AlignedLine(const TableRow& row, const std::array<std::size_t, Colum
     return line;
 }
 
-} // namespace
-
-int SignalsCommand(const std::string& version, const CommandEnvironment& environment) {
-    if (version != "1.00" && version != "2.30") {
-        Complain(environment, "version \"" + version + "\" is neither 1.00 nor 2.30");
-        return ExitBadArguments;
-    }
-    const SignalCatalogue catalogue = BuildVdr812Catalogue(version == "1.00" ? Version100 : Version230);
+void WriteTable(const SignalCatalogue& catalogue, const CommandEnvironment& environment) {
     const std::vector<TableRow> rows = SignalRows(catalogue);
     std::array<std::size_t, ColumnCount> widths{};
     for (const TableRow& row : rows) {
@@ -66,6 +63,26 @@ int SignalsCommand(const std::string& version, const CommandEnvironment& environ
     for (const TableRow& row : rows) {
         environment.Out << AlignedLine(row, widths) << '\n';
     }
+}
+
+} // namespace
+
+int SignalsCommand(const std::string& version, const CommandEnvironment& environment) {
+    if (version != "1.00" && version != "2.30") {
+        Complain(environment, "version \"" + version + "\" is neither 1.00 nor 2.30");
+        return ExitBadArguments;
+    }
+    WriteTable(BuildVdr812Catalogue(version == "1.00" ? Version100 : Version230), environment);
+    return ExitWell;
+}
+
+int OptionSignalsCommand(const std::string& file, const CommandEnvironment& environment) {
+    OptionFile option;
+    const FileError error = ReadOptionFile(environment.Files, file, option);
+    if (error.Failed()) {
+        return ComplainOfFile(environment, file, error);
+    }
+    WriteTable(BuildVdr810Catalogue(option.Lists), environment);
     return ExitWell;
 }
 

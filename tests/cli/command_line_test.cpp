@@ -31,7 +31,7 @@ TEST(CommandLine, BadArgumentsExitWith2AndOneLine) {
         {"dump"},
         {"build", "x.json"},
         {"build", "x.json", "x.pl", "y.pl"},
-        {"signals", "x.pl"},
+        {"signals", "x.810", "y.810"},
         {"signals", "--version"},
         {"dump", "x.pl", "signals"},
     };

@@ -110,7 +110,7 @@ TEST(BuildCommand, NeverOverwritesItsOwnModel) {
     CommandEnvironment environment = run.Environment();
     environment.Files = RealFileSystem();
     const std::string sameByAnotherName = folder.Path() + "/./x.json";
-    EXPECT_EQ(ExitBadArguments, BuildCommand(folder.Path("x.json"), sameByAnotherName, environment));
+    EXPECT_EQ(ExitBadArguments, BuildCommand({folder.Path("x.json"), sameByAnotherName, {}}, environment));
     EXPECT_EQ(NewModel(Version230), folder.Content("x.json"));
     EXPECT_EQ("brindle-cli: " + sameByAnotherName + ": is the model itself and would be lost\n",
               run.Err.str());

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 namespace brindle {
 namespace {
@@ -149,6 +150,62 @@ TEST(Examples, ThereAreAtLeastThreeOfBothVersions) {
     EXPECT_GE(version100, 1);
     EXPECT_GE(version230, 1);
 }
+
+/// The VDR810 examples: a logic file, its JSON, and the option file that it names.
+class Vdr810Example : public testing::TestWithParam<const char*> {
+  protected:
+    Vdr810Example() {
+        Run.Files.AddFolder("/plc");
+        for (const auto& entry : std::filesystem::directory_iterator(BRINDLE_EXAMPLES)) {
+            if (entry.path().extension() == ".810") {
+                const std::string name = entry.path().filename().string();
+                Run.Files.AddFile("/plc/" + name, Content(entry.path()));
+                Run.Folders.FilesOf["/plc"].push_back(name);
+            }
+        }
+        Run.Files.AddFile("/home/me/x.c10", Example(".c10"));
+        Run.Files.AddFile("/home/me/x.json", Example(".json"));
+    }
+
+    static std::string Example(const char* extension) {
+        return Content(std::filesystem::path(BRINDLE_EXAMPLES) / (std::string(GetParam()) + extension));
+    }
+
+    CommandRun Run;
+};
+
+TEST_P(Vdr810Example, DumpsAsItsModel) {
+    ASSERT_EQ(ExitWell, Run.Run({"dump", "/home/me/x.c10", "--plc-folder", "/plc"})) << Run.Err.str();
+    EXPECT_EQ(Example(".json"), Run.Out.str());
+}
+
+TEST_P(Vdr810Example, IsWhatItsModelBuildsButForListsOfItsOwn) {
+    ASSERT_EQ(ExitWell, Run.Run({"build", "/home/me/x.json", "/home/me/y.c10"})) << Run.Err.str();
+    const std::string file = Example(".c10");
+    EXPECT_EQ(file.substr(0, file.find("<CATEGORY INFO>")), Run.Files.Content("/home/me/y.c10"));
+}
+
+TEST_P(Vdr810Example, NamesEverySignalThatItUses) {
+    ASSERT_EQ(ExitWell, Run.Run({"report", "/home/me/x.c10", "--plc-folder", "/plc"}));
+    std::istringstream report(Run.Out.str());
+    int inputs = 0;
+    for (std::string line; std::getline(report, line);) {
+        if (line.size() > 6 && line[2] == ':' && line[5] == ' ' &&
+            line.find("Timer =") == std::string::npos) {
+            ++inputs;
+            const std::string text = line.substr(6);
+            EXPECT_TRUE(text != "\r" && text != "(NOT) \r") << line;
+        }
+    }
+    EXPECT_GT(inputs, 300);
+}
+
+TEST_P(Vdr810Example, IsInTheReadMe) {
+    EXPECT_NE(std::string::npos, Content(std::filesystem::path(BRINDLE_EXAMPLES) / "README.md")
+                                     .find("`" + std::string(GetParam()) + ".c10`"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Examples, Vdr810Example, testing::Values("single_breaker", "two_breakers"));
 
 } // namespace
 } // namespace brindle

@@ -144,7 +144,7 @@ TEST(LogicJsonRefusal, TextsHaveTheirExactLengthAndOnlyBytes) {
 
 TEST(LogicJsonRefusal, ModelAndGroupCountAreThoseOfAVdr812) {
     ExpectRefusals({
-        {"\"relay_model\": 1", "\"relay_model\": 2", "relay_model: 2 is not in 1 to 1"},
+        {"\"relay_model\": 1", "\"relay_model\": 3", "relay_model: 3 is not in 1 to 2"},
         {"\"group_count\": 8", "\"group_count\": 6", "group_count: 6 is not in 8 to 8"},
     });
 }

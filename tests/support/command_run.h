@@ -2,6 +2,7 @@
 
 #include "cli/command_line.h"
 #include "support/fake_file_system.h"
+#include "support/fake_folders.h"
 
 #include <sstream>
 #include <string>
@@ -12,6 +13,7 @@ namespace brindle {
 /// Runs the companion's commands on files in memory, in the folder "/home/me", at a fixed date and time.
 struct CommandRun {
     FakeFileSystem Files;
+    FakeFolders Folders; ///< of which the commands ask for the files of the PLC folder
     std::ostringstream Out;
     std::ostringstream Err;
 
@@ -26,7 +28,9 @@ struct CommandRun {
                 Err,
                 "/home/me",
                 [] { return std::string("5/4/2001"); },
-                [] { return std::string("10:12:33"); }};
+                [] { return std::string("10:12:33"); },
+                Folders.Operations(),
+                "/opt/brindle"};
     }
 
     /// Returns the exit code; `Out` and `Err` then hold this run's output only.

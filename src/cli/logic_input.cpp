@@ -1,0 +1,95 @@
+#include "cli/logic_input.h"
+
+#include "cli/complaint.h"
+#include "files/file_model.h"
+#include "files/option_file.h"
+#include "files/plc_folder.h"
+#include "files/program_file.h"
+#include "files/vdr810_reader.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace brindle {
+
+namespace {
+
+int ReadProgram(const CommandEnvironment& environment, const std::string& path, LogicConfig& config) {
+    std::size_t bytesRead = 0;
+    FileError error = ReadProgramFile(environment.Files, path, config, bytesRead);
+    if (error.Failed()) {
+        return ComplainOfFile(environment, path, error);
+    }
+    const std::string whole = std::to_string(ProgramFileSize);
+    if (bytesRead < ProgramFileSize) {
+        Complain(environment, path + ": " + std::to_string(bytesRead) + " bytes instead of " + whole +
+                                  ", the missing ones were read as zero");
+        return ExitFinding;
+    }
+    FileStatus status;
+    error = environment.Files.Status(path, status);
+    if (error.Failed()) {
+        return ComplainOfFile(environment, path, error);
+    }
+    if (status.Size > ProgramFileSize) {
+        Complain(environment, path + ": " + std::to_string(status.Size) + " bytes instead of " + whole +
+                                  ", the last " + std::to_string(status.Size - ProgramFileSize) +
+                                  " were ignored");
+        return ExitFinding;
+    }
+    return ExitWell;
+}
+
+/// The lines of a box, as they stand.
+void WriteLines(const CommandEnvironment& environment, std::string text) {
+    text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
+    environment.Err << text << '\n';
+}
+
+/// Gives the logic the lists of its option file.
+int ReadLists(const CommandEnvironment& environment, const std::string& plcFolder, LogicConfig& config) {
+    bool found = false;
+    const PlcFolder folder = ScanPlcFolder(environment.Folders, plcFolder);
+    const FileError error = LoadLists(environment.Files, folder, config, found);
+    const std::string path =
+        JoinPath(plcFolder, OptionFileName(config.Vdr810.SettingsVersion, config.Vdr810.Options));
+    if (error.Failed()) {
+        ComplainOfFile(environment, path, error);
+        return ExitFinding;
+    }
+    if (!found && config.Lists.Empty()) {
+        Complain(environment, path + ": not there, so signals have no names");
+        return ExitFinding;
+    }
+    return ExitWell;
+}
+
+int ReadLogicFile(const CommandEnvironment& environment, const LogicInput& input, LogicConfig& config) {
+    config.Coding.FalseCode = 0; // until a label or the option file tells what "FALSE" is
+    const Vdr810Reading reading = ReadVdr810File(environment.Files, input.File, config);
+    if (reading.Error.Failed()) {
+        return ComplainOfFile(environment, input.File, reading.Error);
+    }
+    if (reading.Refusal) {
+        WriteLines(environment, reading.Refusal->Text);
+        return ExitFailed;
+    }
+    int result = ReadLists(environment, input.PlcFolder.value_or(environment.PlcFolder), config);
+    ClearUnreadInputs(config, reading);
+    const std::vector<int> incomplete = IncompleteUnits(config, reading);
+    if (!incomplete.empty()) {
+        Complain(environment, IncompleteNotice(input.File, incomplete).Text);
+        result = ExitFinding;
+    }
+    return result;
+}
+
+} // namespace
+
+int ReadLogicInput(const CommandEnvironment& environment, const LogicInput& input, LogicConfig& config) {
+    const RelayKind model = input.Model.value_or(ModelOfPath(input.File).value_or(RelayKind::Vdr812));
+    return model == RelayKind::Vdr812 ? ReadProgram(environment, input.File, config)
+                                      : ReadLogicFile(environment, input, config);
+}
+
+} // namespace brindle
