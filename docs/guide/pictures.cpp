@@ -5,13 +5,18 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
+#include <QFile>
+#include <QImage>
 #include <QLineEdit>
 #include <QPalette>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <cstdio>
 #include <string>
+#include <utility>
 
 /// Takes the guide's pictures of the windows: guide_pictures EXAMPLES_FOLDER PICTURES_FOLDER [dark].
 /// Run by scripts/guide-pictures.
@@ -80,6 +85,30 @@ void OpenGroupEditing(formPLG& window) {
     Find<QAction>(window, "mnuGroupEditingFunctions")->trigger();
 }
 
+/// A dialog that waits for its answer is grabbed while it does.
+QImage waitingDialog;
+
+void OpenVdr810Options(formPLG& window) {
+    QTimer::singleShot(0, &window, [] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        waitingDialog = dialog->grab().toImage();
+        dialog->close();
+    });
+    Find<QAction>(window, "mnuFileNewVdr810")->trigger();
+}
+
+void OpenHomeDirectory(formPLG& window) {
+    Find<QAction>(window, "mnuHomeDir")->trigger();
+}
+
+void OpenAbout(formPLG& window) {
+    Find<QAction>(window, "mnuAbout")->trigger();
+}
+
+void OpenHelp(formPLG& window) {
+    Find<QAction>(window, "mnuHelpHelp")->trigger();
+}
+
 constexpr QSize Usual(1000, 640);
 
 const Picture Pictures[] = {
@@ -96,6 +125,12 @@ const Picture Pictures[] = {
     {"group-editing", "breaker_failure.pl", 1, 1, 0, false, Usual, OpenGroupEditing,
      "formGroupEditingFunctions"},
     {"print", "breaker_failure.pl", 1, 1, 0, false, Usual, OpenPrint, "formPrintBrindle"},
+    {"vdr810", "two_breakers.c10", 1, 1, 0, false, Usual},
+    {"vdr810-latch", "single_breaker.c10", 1, 8, 0, false, Usual},
+    {"vdr810-options", "", 1, 1, 0, false, Usual, OpenVdr810Options},
+    {"home-directory", "", 1, 1, 0, false, Usual, OpenHomeDirectory, "formHomeDir"},
+    {"about", "", 1, 1, 0, false, Usual, OpenAbout, "formAbout"},
+    {"help", "", 1, 1, 0, false, Usual, OpenHelp, "formHelp"},
 };
 
 void UseDarkPalette() {
@@ -110,14 +145,40 @@ void UseDarkPalette() {
         dark.setColor(role, Qt::white);
         dark.setColor(QPalette::Disabled, role, Qt::gray);
     }
+    dark.setColor(QPalette::PlaceholderText, QColor(160, 160, 160));
     dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
     QApplication::setPalette(dark);
 }
 
+/// Folders of a made-up machine.
+FolderFunctions PicturedFolders(FolderFunctions folders) {
+    folders.Drives = [] { return std::vector<std::string>{"/", "/media/stick"}; };
+    folders.Subfolders = [](const std::string& path) {
+        if (path == "/") {
+            return std::vector<std::string>{"home", "media"};
+        }
+        return path.ends_with("relays") ? std::vector<std::string>{"line 1", "line 2", "substation north"}
+                                        : std::vector<std::string>{"relays"};
+    };
+    folders.FolderExists = [](const std::string& /*path*/) { return true; };
+    return folders;
+}
+
+void CopyOptionFiles(const std::string& examples, const QString& programFolder) {
+    const QDir folder(QString::fromStdString(examples));
+    for (const QString& name : folder.entryList({QStringLiteral("PLC*.810")})) {
+        QFile::copy(folder.filePath(name), programFolder + QLatin1Char('/') + name);
+    }
+}
+
 bool Take(const Picture& picture, const std::string& examples, const QString& target) {
     const QTemporaryDir programFolder;
+    CopyOptionFiles(examples, programFolder.path());
     EditorSurroundings surroundings =
         RealSurroundings(programFolder.path().toStdString(), [] { return nullptr; });
+    surroundings.Date = [] { return std::string("21 Nov 2026"); };
+    surroundings.Time = [] { return std::string("10:12:33"); };
+    surroundings.Folders = PicturedFolders(surroundings.Folders);
     surroundings.ShowMessageBox = [](const MessageBox& box) {
         std::fprintf(stderr, "%s\n", box.Text.c_str()); // nobody is there to press its button
         return MessageAnswer::Ok;
@@ -125,10 +186,12 @@ bool Take(const Picture& picture, const std::string& examples, const QString& ta
     if (*picture.Example != '\0') {
         surroundings.CommandLine = examples + "/" + picture.Example;
     }
+    const QString file = target + QLatin1Char('/') + QLatin1String(picture.Name) + QStringLiteral(".png");
     Editor editor(surroundings);
     editor.Form_Initialize();
     formPLG window(editor);
     window.LoadAndShow();
+    editor.ChooseHomeDirectory("/home/relays");
     window.resize(picture.Size);
     QApplication::processEvents(); // the window becomes active, so that what is done to it is the user's
                                    // doing
@@ -144,9 +207,11 @@ bool Take(const Picture& picture, const std::string& examples, const QString& ta
         picture.Steps(window);
     }
     QApplication::processEvents();
+    if (!waitingDialog.isNull()) {
+        return std::exchange(waitingDialog, {}).save(file);
+    }
     QWidget* taken = picture.Taken == nullptr ? &window : Find<QWidget>(window, picture.Taken);
-    return taken->grab().save(target + QLatin1Char('/') + QLatin1String(picture.Name) +
-                              QStringLiteral(".png"));
+    return taken->grab().save(file);
 }
 
 } // namespace

@@ -53,8 +53,8 @@ struct SignalCatalogue {
 /// so that nothing of another version remains.
 SignalCatalogue BuildVdr812Catalogue(float version);
 
-/// The catalogue of a VDR810: what its lists say, up to their END entries, in their order. A category takes
-/// its signals by its number, which need not be its position.
+/// The catalogue of a VDR810: what its lists say, up to their END entries, in their order, as UTF-8. A
+/// category takes its signals by its number, which need not be its position.
 SignalCatalogue BuildVdr810Catalogue(const Vdr810Lists& lists);
 
 /// The catalogue of a logic, for its model and version.

@@ -1,3 +1,4 @@
+#include "model/code_page.h"
 #include "model/signal_catalogue.h"
 
 #include <algorithm>
@@ -10,15 +11,16 @@ SignalCatalogue BuildVdr810Catalogue(const Vdr810Lists& lists) {
         if (IsEnd(category)) {
             break;
         }
-        catalogue.Categories.push_back({category.Number, category.Caption, category.Name, true, true});
+        catalogue.Categories.push_back({category.Number, Utf8OfWindows1252(category.Caption),
+                                        Utf8OfWindows1252(category.Name), true, true});
     }
     for (const Vdr810Label& label : lists.Labels) {
         if (IsEnd(label)) {
             break;
         }
         catalogue.PositionOfNumber.emplace_back(label.Signal, catalogue.Signals.size());
-        catalogue.Signals.push_back(
-            {label.Category, label.Signal, label.Name, label.Caption, label.Enabled, label.Visible});
+        catalogue.Signals.push_back({label.Category, label.Signal, Utf8OfWindows1252(label.Name),
+                                     Utf8OfWindows1252(label.Caption), label.Enabled, label.Visible});
     }
     // Of two labels of one number the first in the file names it, and lookups find the lowest position.
     std::sort(catalogue.PositionOfNumber.begin(), catalogue.PositionOfNumber.end());
