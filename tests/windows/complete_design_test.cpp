@@ -127,7 +127,7 @@ class CompleteDesign : public MainWindowTest {
         std::ostringstream out;
         std::ostringstream err;
         const CommandEnvironment environment{RealFileSystem(), out, err, Folder.path().toStdString(), {}, {}};
-        EXPECT_EQ(BuildCommand(PathOf("expected.json"), PathOf("expected.pl"), environment), ExitWell)
+        EXPECT_EQ(BuildCommand({PathOf("expected.json"), PathOf("expected.pl"), {}}, environment), ExitWell)
             << err.str();
         return Content("expected.pl");
     }

@@ -131,7 +131,7 @@ TEST_F(HelpWindow, BackLeadsToWhereOneWas) {
     EXPECT_FALSE(back->isEnabled());
     Follow(QStringLiteral("#files"));
     Follow(QStringLiteral("../logic-json.md"));
-    EXPECT_EQ("The JSON of a program", TopLine());
+    EXPECT_EQ("The JSON of a logic", TopLine());
     back->click();
     EXPECT_EQ("Files", TopLine());
     QTest::keyClick(Browser, Qt::Key_Left, Qt::AltModifier);
@@ -152,7 +152,7 @@ TEST_F(HelpWindow, TheContentsLeadToEveryHeading) {
 
 TEST_F(HelpWindow, TheContentsAreThoseOfThePage) {
     Follow(QStringLiteral("../logic-json.md"));
-    EXPECT_EQ("The JSON of a program", Find<QListWidget>("lstContents")->item(0)->text().toStdString());
+    EXPECT_EQ("The JSON of a logic", Find<QListWidget>("lstContents")->item(0)->text().toStdString());
 }
 
 TEST_F(HelpWindow, AnAddressOfTheWebGoesToTheBrowser) {
