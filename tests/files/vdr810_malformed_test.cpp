@@ -30,7 +30,7 @@ Vdr810Text SmallFile() {
         .Line("2,2,9");
 }
 
-std::vector<std::string> LinesOf(const std::string& text) {
+std::vector<std::string> FileLinesOf(const std::string& text) {
     TextCursor cursor(text);
     std::vector<std::string> lines;
     for (std::string_view line; cursor.NextLine(line);) {
@@ -53,7 +53,7 @@ std::string Joined(const std::vector<std::string>& lines) {
 
 /// The longest beginning of the refused `text`, in whole lines, that is not refused.
 std::string BeforeRefusedLine(const std::string& text) {
-    const std::vector<std::string> lines = LinesOf(text);
+    const std::vector<std::string> lines = FileLinesOf(text);
     std::size_t taken = 0;
     std::size_t refused = lines.size();
     while (taken + 1 < refused) {
@@ -70,7 +70,7 @@ bool IsStatedError(const FileError& error) {
 }
 
 bool IsStatedBox(const MessageBox& box) {
-    const std::vector<std::string> lines = LinesOf(box.Text);
+    const std::vector<std::string> lines = FileLinesOf(box.Text);
     return box.Title == "VDR810 File Read in Problem" && box.Icon == MessageIcon::CriticalStop &&
            lines.size() >= 4 && lines.size() <= 6 && lines.front().rfind(box.Title, 0) == 0 &&
            lines.back() == "Aborting" && box.Text.find("\r\nArray Element = ") != std::string::npos;

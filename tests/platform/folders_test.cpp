@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -106,6 +107,19 @@ TEST_F(Folders, SubfoldersAreTheFoldersThatAUserSees) {
 TEST_F(Folders, WhatCannotBeReadHasNoSubfolders) {
     EXPECT_TRUE(folders_.Subfolders(Path("nothing")).empty());
     EXPECT_TRUE(folders_.Subfolders(Path("file")).empty());
+}
+
+TEST_F(Folders, FilesAreTheFilesOfTheFolderAlone) {
+    std::ofstream(folder_ / ".hidden") << "text";
+    std::ofstream(folder_ / "inner" / "deeper") << "text";
+    std::filesystem::create_symlink(Path("file"), Path("link"));
+    std::filesystem::create_symlink(Path("gone"), Path("dangling"));
+    std::filesystem::create_directory_symlink(Path("inner"), Path("folder link"));
+    std::vector<std::string> names = folders_.Files(folder_.string());
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ((std::vector<std::string>{".hidden", "file", "link"}), names);
+    EXPECT_TRUE(folders_.Files(Path("inner/none")).empty());
+    EXPECT_TRUE(folders_.Files(Path("file")).empty());
 }
 
 TEST_F(Folders, TheProgramFolderHoldsThisVeryProgram) {
