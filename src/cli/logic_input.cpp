@@ -65,7 +65,6 @@ int ReadLists(const CommandEnvironment& environment, const std::string& plcFolde
 }
 
 int ReadLogicFile(const CommandEnvironment& environment, const LogicInput& input, LogicConfig& config) {
-    config.Coding.FalseCode = 0; // until a label or the option file tells what "FALSE" is
     const Vdr810Reading reading = ReadVdr810File(environment.Files, input.File, config);
     if (reading.Error.Failed()) {
         return ComplainOfFile(environment, input.File, reading.Error);

@@ -92,6 +92,9 @@ int ReportCommand(const ReportArguments& arguments, const CommandEnvironment& en
     request.Time = environment.Time();
     for (const int group : selection.Groups) {
         for (const int unit : selection.Units) {
+            if (!HasUnit(config, unit)) {
+                continue;
+            }
             request.Group = group;
             request.Unit = unit;
             environment.Out << JoinReportLines(BuildUnitReport(config, catalogue, request));

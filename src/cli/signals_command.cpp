@@ -41,10 +41,16 @@ std::vector<TableRow> SignalRows(const SignalCatalogue& catalogue) {
     return rows;
 }
 
+/// Characters of a UTF-8 text: all bytes but those that follow in a character.
+std::size_t Width(const std::string& text) {
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
 std::string AlignedLine(const TableRow& row, const std::array<std::size_t, ColumnCount>& widths) {
     std::string line;
     for (std::size_t column = 0; column < ColumnCount; ++column) {
-        const std::string fill(widths.at(column) - row.at(column).size(), ' ');
+        const std::string fill(widths.at(column) - Width(row.at(column)), ' ');
         const bool last = column + 1 == ColumnCount; // a line ends without blanks
         line += column == 0 ? "" : ColumnGap;
         line += FlushRight.at(column) ? fill + row.at(column) : row.at(column) + (last ? "" : fill);
@@ -57,7 +63,7 @@ void WriteTable(const SignalCatalogue& catalogue, const CommandEnvironment& envi
     std::array<std::size_t, ColumnCount> widths{};
     for (const TableRow& row : rows) {
         for (std::size_t column = 0; column < ColumnCount; ++column) {
-            widths.at(column) = std::max(widths.at(column), row.at(column).size());
+            widths.at(column) = std::max(widths.at(column), Width(row.at(column)));
         }
     }
     for (const TableRow& row : rows) {

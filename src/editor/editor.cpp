@@ -47,6 +47,7 @@ void Editor::ShowFirstUnit() {
 }
 
 void Editor::ShowNewLogic() {
+    listsHereAlone_ = false;
     RebuildCatalogue();
     window_.ShowOutputMap();
     ShowFirstUnit();

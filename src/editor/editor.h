@@ -9,6 +9,7 @@
 #include "files/option_file.h"
 #include "files/plc_folder.h"
 #include "files/program_file.h"
+#include "files/vdr810_reader.h"
 #include "model/logic_config.h"
 #include "model/signal_catalogue.h"
 #include "platform/browser.h"
@@ -255,14 +256,18 @@ class Editor {
     void Open(const ChosenFile& file);
     void OpenVdr812(const ChosenFile& file);
     void OpenVdr810(const ChosenFile& file);
-    /// What was read of a refused file stays, as a new file that is not saved yet.
-    void KeepRefusedLogic();
+    /// A refused file leaves what was read of it, as a new file that is not saved yet.
+    void ShowOpenedVdr810(const ChosenFile& file, const LogicConfig& opened, const Vdr810Reading& reading);
     void ScanPlcFolder();
+    void TellMalformed(const FileError& malformed);
     /// Reads an option file; tells the user why when it cannot be read.
-    [[nodiscard]] bool ReadOption(const std::string& path, OptionFile& option);
-    /// Gives a logic that was read the lists of its option file, or makes that file of the lists that it
-    /// brought.
-    void LoadOptionFile(LogicConfig& config);
+    [[nodiscard]] bool ReadOption(const PlcFolderEntry& entry, OptionFile& option);
+    /// Gives a logic the lists of its option file; false when there is none that fits.
+    [[nodiscard]] bool TakeOptionFile(LogicConfig& config);
+    /// Makes the option file of a logic that brought its own lists; false when that is not possible.
+    [[nodiscard]] bool MakeOptionFile(const LogicConfig& config);
+    /// Whether the logic may be written without its lists: an option file has them, or the user agrees.
+    [[nodiscard]] bool MayLeaveListsOut();
     void RefreshIdentity();
     /// Everything follows a logic that was made or opened; it counts as saved.
     void ShowNewLogic();
@@ -292,7 +297,8 @@ class Editor {
     LogicConfig config_;
     SignalCatalogue catalogue_;
     PlcFolder plcFolder_;
-    Vdr810Choice vdr810Choice_; ///< for the next new VDR810 logic
+    Vdr810Choice vdr810Choice_;   ///< for the next new VDR810 logic
+    bool listsHereAlone_ = false; ///< a VDR810 file brought lists that no option file holds
     std::string identity_;
     ViewSelection shown_;
     CategoryChoosers choosers_;

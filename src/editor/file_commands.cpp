@@ -21,6 +21,13 @@ MessageBox ShortFileNotice(const std::string& path, std::size_t bytesRead) {
             MessageIcon::Exclamation, MessageButtons::Ok};
 }
 
+/// A file named after the other relay would later be read as what it is not.
+MessageBox OtherModelNotice(RelayKind model) {
+    return {model == RelayKind::Vdr812 ? "The name of a VDR812 program can not end in .c10."
+                                       : "The name of a VDR810 logic file can not end in .pl.",
+            MessageIcon::Exclamation, MessageButtons::Ok};
+}
+
 } // namespace
 
 bool Editor::MayDiscard(DiscardingCommand command) {
@@ -135,6 +142,9 @@ void Editor::mnuFileRecentFiles_Click(int index) {
 }
 
 void Editor::WriteLogic() {
+    if (!MayLeaveListsOut()) {
+        return;
+    }
     const Hourglass hourglass(window_);
     window_.ShowTitle();
     RefreshIdentity();
@@ -163,10 +173,15 @@ void Editor::mnuSaveBin_Click(bool beforePrinting) {
     request.FilterIndex = FilterIndexOf(config_.RelayModel);
     request.DefaultExtension = "pl";
     request.InitialFileName = config_.FileTitle;
-    if (const std::optional<FileDialogAnswer> answer = surroundings_.RunFileDialog(request)) {
+    while (const std::optional<FileDialogAnswer> answer = surroundings_.RunFileDialog(request)) {
+        if (ModelOfPath(answer->FileName).value_or(config_.RelayModel) != config_.RelayModel) {
+            surroundings_.ShowMessageBox(OtherModelNotice(config_.RelayModel));
+            continue;
+        }
         config_.FilePath = answer->FileName;
         config_.FileTitle = answer->FileTitle;
         WriteLogic();
+        return;
     }
 }
 

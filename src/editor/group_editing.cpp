@@ -44,11 +44,11 @@ std::vector<std::string> GroupEntries() {
 }
 
 bool ChoiceInLogic(const LogicConfig& config, int choice) {
-    return choice == AllGroups || (choice >= 1 && choice <= config.GroupCount);
+    return choice == AllGroups || (choice >= 1 && choice <= ShownGroups(config));
 }
 
 int NextGroup(const LogicConfig& config, int group) {
-    return group < config.GroupCount ? group + 1 : 1;
+    return group < ShownGroups(config) ? group + 1 : 1;
 }
 
 MessageBox ClearGroupQuestion(int choice) {

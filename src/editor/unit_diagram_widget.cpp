@@ -73,8 +73,6 @@ void UnitDiagramWidget::CreateGates() {
     }
     lblOR_ = NewDiagramLabel(this, QStringLiteral("lblOR"), Qt::AlignHCenter, true);
     pctTimerLatchFB_ = NewDiagramLabel(this, QStringLiteral("pctTimerLatchFB"), Qt::AlignHCenter, true);
-    pctTimerLatchFB_->setToolTip(
-        QStringLiteral("The output of this unit can be used as a signal of the logic"));
 }
 
 void UnitDiagramWidget::ShowOutputMap(const OutputMapLayout& layout) {

@@ -47,10 +47,7 @@ StripLabelView StripLabel(bool selected, bool printing) {
 }
 
 void BuildStrips(UnitView& view, const LogicConfig& config, const ViewSelection& selection) {
-    constexpr int vdr810Groups = 6; // the editor shows no more of them
-    const int groups = config.RelayModel == RelayKind::Vdr810 && config.GroupCount > vdr810Groups
-                           ? vdr810Groups
-                           : config.GroupCount;
+    const int groups = ShownGroups(config);
     for (int group = 1; group <= MaxGroups; ++group) {
         StripLabelView& label = view.Groups.at(static_cast<std::size_t>(group - 1));
         label = StripLabel(group == selection.Group, selection.Printing);

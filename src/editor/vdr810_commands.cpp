@@ -10,6 +10,19 @@
 /// New and Open of VDR810 logic, and the option files beside the program that both draw on.
 namespace brindle {
 
+namespace {
+
+MessageBox ListsLostQuestion(const LogicConfig& config) {
+    return {"The names of signals that this file brought along are in no option file: " +
+                OptionFileName(config.Vdr810.SettingsVersion, config.Vdr810.Options) +
+                " could not be made or read.  A logic file is saved without them.\r\nSelect OK to save "
+                "without the "
+                "names.  To abort press cancel.",
+            MessageIcon::Exclamation, MessageButtons::OkCancel};
+}
+
+} // namespace
+
 void Editor::ScanPlcFolder() {
     plcFolder_ = brindle::ScanPlcFolder(surroundings_.Folders, surroundings_.ProgramFolder);
 }
@@ -27,10 +40,8 @@ void Editor::mnuFileNewVdr810_Click() {
         return;
     }
     const int entry = plcFolder_.EntryOfPair(options.Choice().VersionIndex, options.Choice().Options);
-    const std::string path =
-        JoinPath(plcFolder_.Path, plcFolder_.Entries.at(static_cast<std::size_t>(entry)).Name);
     OptionFile option;
-    if (!ReadOption(path, option)) {
+    if (!ReadOption(plcFolder_.Entries.at(static_cast<std::size_t>(entry)), option)) {
         return;
     }
     vdr810Choice_ = options.Choice();
@@ -39,44 +50,63 @@ void Editor::mnuFileNewVdr810_Click() {
     NameNewFile();
 }
 
-bool Editor::ReadOption(const std::string& path, OptionFile& option) {
+void Editor::TellMalformed(const FileError& malformed) {
+    // What is wrong inside the file is no matter of the disk: the box names the file and the place.
+    surroundings_.ShowMessageBox(FailureBox(OpenFailedText, malformed));
+}
+
+bool Editor::ReadOption(const PlcFolderEntry& entry, OptionFile& option) {
     const Hourglass hourglass(window_);
+    const std::string path = JoinPath(plcFolder_.Path, entry.Name);
     std::string text;
     const auto read = [&] { return ReadWholeText(surroundings_.Files, path, text); };
     if (RunFileCommand({read}, OpenFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
         return false;
     }
-    // What is wrong inside the file is no matter of the disk: the box names the file and the place.
-    const FileError malformed = DecodeOptionFile(text, "read " + path, option);
+    const FileError malformed = DecodeEntry(entry, text, "read " + path, option);
     if (malformed.Failed()) {
-        surroundings_.ShowMessageBox(FailureBox(OpenFailedText, malformed));
+        TellMalformed(malformed);
     }
     return !malformed.Failed();
 }
 
-void Editor::LoadOptionFile(LogicConfig& config) {
+bool Editor::TakeOptionFile(LogicConfig& config) {
     ScanPlcFolder();
-    if (const PlcFolderEntry* entry = plcFolder_.Find(config.Vdr810.SettingsVersion, config.Vdr810.Options)) {
-        OptionFile option;
-        if (ReadOption(JoinPath(plcFolder_.Path, entry->Name), option)) {
-            TakeLists(config, option);
-        }
-        return;
+    const PlcFolderEntry* entry = plcFolder_.Find(config.Vdr810.SettingsVersion, config.Vdr810.Options);
+    OptionFile option;
+    if (entry == nullptr || !ReadOption(*entry, option)) {
+        return false;
     }
-    if (config.Lists.Empty()) {
-        return;
+    const FileError unfit = TakeLists(config, option, "read " + JoinPath(plcFolder_.Path, entry->Name));
+    if (unfit.Failed()) {
+        TellMalformed(unfit);
+    }
+    return !unfit.Failed();
+}
+
+bool Editor::MakeOptionFile(const LogicConfig& config) {
+    if (plcFolder_.Find(config.Vdr810.SettingsVersion, config.Vdr810.Options) != nullptr) {
+        return false; // one that is there is never changed
     }
     const auto write = [&] { return WriteOptionFile(surroundings_.Files, plcFolder_.Path, config); };
-    if (RunFileCommand({write}, SaveFailedText, surroundings_.ShowMessageBox) == FileOutcome::Done) {
-        ScanPlcFolder();
+    const bool made =
+        RunFileCommand({write}, SaveFailedText, surroundings_.ShowMessageBox) == FileOutcome::Done;
+    ScanPlcFolder();
+    return made;
+}
+
+bool Editor::MayLeaveListsOut() {
+    if (!listsHereAlone_ || MakeOptionFile(config_)) {
+        listsHereAlone_ = false;
+        return true;
     }
+    return surroundings_.ShowMessageBox(ListsLostQuestion(config_)) == MessageAnswer::Ok;
 }
 
 void Editor::OpenVdr810(const ChosenFile& file) {
     LogicConfig opened = config_;
-    opened.Coding.FalseCode = 0; // what another logic called "FALSE" says nothing of this one
     Vdr810Reading reading;
-    std::vector<int> incomplete;
+    bool listsHereAlone = false;
     {
         const Hourglass hourglass(window_);
         const auto read = [&] {
@@ -86,35 +116,37 @@ void Editor::OpenVdr810(const ChosenFile& file) {
         if (RunFileCommand({read}, OpenFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
             return;
         }
-        if (reading.Done()) {
-            LoadOptionFile(opened);
-            incomplete = IncompleteUnits(opened, reading);
-        }
+        const bool named = TakeOptionFile(opened);
+        const bool ownLists = !named && !opened.Lists.Empty();
+        listsHereAlone = ownLists && (reading.Refusal || !MakeOptionFile(opened));
         ClearUnreadInputs(opened, reading);
-        config_ = opened;
-        config_.FilePath = file.Path;
-        config_.FileTitle = file.Title;
-        if (reading.Refusal) {
-            KeepRefusedLogic();
-        } else {
-            ShowNewLogic();
-            window_.ShowTitle();
-            EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
-        }
-        RefreshIdentity();
     }
-    if (reading.Refusal) {
-        surroundings_.ShowMessageBox(*reading.Refusal);
-    } else if (!incomplete.empty()) {
-        surroundings_.ShowMessageBox(IncompleteNotice(file.Path, incomplete));
-    }
+    ShowOpenedVdr810(file, opened, reading);
+    listsHereAlone_ = listsHereAlone;
 }
 
-void Editor::KeepRefusedLogic() {
+void Editor::ShowOpenedVdr810(const ChosenFile& file, const LogicConfig& opened,
+                              const Vdr810Reading& reading) {
+    config_ = opened;
+    config_.FilePath = file.Path;
+    config_.FileTitle = file.Title;
+    vdr810Choice_.Version = config_.Vdr810.SettingsVersion;
+    vdr810Choice_.Options = config_.Vdr810.Options;
     ShowNewLogic();
-    // Under its own name one press of Save would replace a file by what could be read of it.
-    NameNewFile();
-    config_.Modified = true;
+    if (reading.Refusal) {
+        // Under its own name one press of Save would replace a file by what could be read of it.
+        NameNewFile();
+        config_.Modified = true;
+        surroundings_.ShowMessageBox(*reading.Refusal);
+        return;
+    }
+    window_.ShowTitle();
+    RefreshIdentity();
+    EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
+    const std::vector<int> incomplete = IncompleteUnits(config_, reading);
+    if (!incomplete.empty()) {
+        surroundings_.ShowMessageBox(IncompleteNotice(file.Path, incomplete));
+    }
 }
 
 void Editor::RefreshIdentity() {

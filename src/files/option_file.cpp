@@ -48,20 +48,6 @@ int FirstError(std::initializer_list<int> errors) {
     return failed == errors.end() ? NoFileError : *failed;
 }
 
-/// The fields of a line that must have exactly so many.
-template<std::size_t Count>
-bool Split(std::string_view line, std::array<std::string_view, Count>& fields) {
-    FieldCursor cursor(line);
-    std::size_t found = 0;
-    for (std::string_view field; cursor.Next(field); ++found) {
-        if (found == Count) {
-            return false;
-        }
-        fields.at(found) = field;
-    }
-    return found == Count;
-}
-
 /// Takes the lines after the unconnected signal's.
 class ListReader {
   public:
@@ -121,7 +107,7 @@ class ListReader {
             option_.Lists.Categories.push_back({EndNumber, EndName, EndName});
             return NoFileError;
         }
-        if (!Split(line, fields)) {
+        if (!SplitFields(line, fields)) {
             return SubscriptError;
         }
         category.Caption = fields[1];
@@ -133,7 +119,7 @@ class ListReader {
 
     int TakeLabel(std::string_view line) {
         std::array<std::string_view, LabelFields> fields;
-        if (!Split(line, fields)) {
+        if (!SplitFields(line, fields)) {
             return SubscriptError;
         }
         Vdr810Label label;
@@ -189,7 +175,7 @@ std::string OptionFileName(double version, int options) {
 FileError DecodeOptionFile(std::string_view text, const std::string& source, OptionFile& option) {
     OptionFile read;
     TextCursor cursor(text);
-    const FileError error = ReadVdr810Head(cursor, source, read.Head);
+    FileError error = ReadVdr810Head(cursor, source, read.Head);
     if (error.Failed()) {
         return error;
     }
@@ -243,16 +229,22 @@ FileError WriteOptionFile(const FileSystem& files, const std::string& folder, co
     const std::string path =
         JoinPath(folder, OptionFileName(config.Vdr810.SettingsVersion, config.Vdr810.Options));
     FileStatus status;
-    const FileError error = files.Status(path, status);
+    FileError error = files.Status(path, status);
     if (error.Failed() || status.Type != FileType::Absent) {
         return error;
     }
     return ReplaceWholeFile(files, path, EncodeOptionFile(config));
 }
 
-void TakeLists(LogicConfig& config, const OptionFile& option) {
+FileError TakeLists(LogicConfig& config, const OptionFile& option, const std::string& source) {
+    if (option.Head.Signals != config.Coding.InvertBase) {
+        return MakeFileError(SubscriptError, source + ", " + std::to_string(option.Head.Signals) +
+                                                 " signals where the logic has " +
+                                                 std::to_string(config.Coding.InvertBase));
+    }
     config.Coding.FalseCode = option.Unconnected;
     config.Lists = option.Lists;
+    return {};
 }
 
 void MakeNewVdr810(LogicConfig& config, const OptionFile& option) {

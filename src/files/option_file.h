@@ -38,8 +38,10 @@ std::string EncodeOptionFile(const LogicConfig& config);
 /// Writes the option file of a logic into `folder` unless a file of its name is there.
 FileError WriteOptionFile(const FileSystem& files, const std::string& folder, const LogicConfig& config);
 
-/// Gives a logic the unconnected signal and the lists of its option file; its own head holds.
-void TakeLists(LogicConfig& config, const OptionFile& option);
+/// Gives a logic the unconnected signal and the lists of its option file; its own head holds. A file that
+/// counts another number of signals would turn signals into others: SubscriptError, and the logic keeps what
+/// it has.
+FileError TakeLists(LogicConfig& config, const OptionFile& option, const std::string& source);
 
 /// Makes `config` a new, empty logic of an option file: head, lists, every input unconnected. File path,
 /// title and `Modified` are the caller's.

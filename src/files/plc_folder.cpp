@@ -2,6 +2,8 @@
 
 #include "files/option_file.h"
 #include "files/text_fields.h"
+#include "files/whole_file.h"
+#include "model/number_text.h"
 #include "platform/ascii_letters.h"
 #include "platform/paths.h"
 
@@ -88,6 +90,32 @@ PlcFolder ScanPlcFolder(const FolderFunctions& folders, const std::string& folde
     return scanned;
 }
 
+FileError DecodeEntry(const PlcFolderEntry& entry, std::string_view text, const std::string& source,
+                      OptionFile& option) {
+    OptionFile read;
+    FileError error = DecodeOptionFile(text, source, read);
+    if (error.Failed()) {
+        return error;
+    }
+    const bool named = std::lround(read.Head.SettingsVersion * VersionUnit) == NumberOf(entry.VersionText) &&
+                       read.Head.Options == entry.Options;
+    if (!named) {
+        return MakeFileError(SubscriptError, source + ", header of version " +
+                                                 FormatFixed(read.Head.SettingsVersion, 2) + " and options " +
+                                                 std::to_string(read.Head.Options));
+    }
+    option = std::move(read);
+    return {};
+}
+
+FileError ReadEntry(const FileSystem& files, const PlcFolder& folder, const PlcFolderEntry& entry,
+                    OptionFile& option) {
+    const std::string path = JoinPath(folder.Path, entry.Name);
+    std::string text;
+    FileError error = ReadWholeText(files, path, text);
+    return error.Failed() ? error : DecodeEntry(entry, text, "read " + path, option);
+}
+
 FileError LoadLists(const FileSystem& files, const PlcFolder& folder, LogicConfig& config, bool& found) {
     const PlcFolderEntry* entry = folder.Find(config.Vdr810.SettingsVersion, config.Vdr810.Options);
     found = entry != nullptr;
@@ -95,11 +123,8 @@ FileError LoadLists(const FileSystem& files, const PlcFolder& folder, LogicConfi
         return {};
     }
     OptionFile option;
-    FileError error = ReadOptionFile(files, JoinPath(folder.Path, entry->Name), option);
-    if (!error.Failed()) {
-        TakeLists(config, option);
-    }
-    return error;
+    FileError error = ReadEntry(files, folder, *entry, option);
+    return error.Failed() ? error : TakeLists(config, option, "read " + JoinPath(folder.Path, entry->Name));
 }
 
 } // namespace brindle

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/option_file.h"
 #include "model/logic_config.h"
 #include "platform/file_error.h"
 #include "platform/file_system.h"
@@ -7,6 +8,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Which option files the PLC folder, the program's own, holds.
@@ -40,6 +42,15 @@ struct PlcFolder {
 /// Lists the files of `folder` named "PLC", five digits, "_OPT", five digits, ".810", in capitals or not;
 /// others, and options numbers above 32767, are none. A folder that cannot be read is empty.
 PlcFolder ScanPlcFolder(const FolderFunctions& folders, const std::string& folder);
+
+/// Reads the option file of an entry. One whose header tells another version or options number than its name
+/// is refused like a malformed one: SubscriptError.
+FileError ReadEntry(const FileSystem& files, const PlcFolder& folder, const PlcFolderEntry& entry,
+                    OptionFile& option);
+
+/// The same from the text of the file; `source` names it in an error.
+FileError DecodeEntry(const PlcFolderEntry& entry, std::string_view text, const std::string& source,
+                      OptionFile& option);
 
 /// Gives a VDR810 logic the unconnected signal and the lists of the option file of its version and options
 /// number. Without such a file `found` is false and the logic keeps what it has, as it does when the file

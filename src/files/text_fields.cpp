@@ -133,4 +133,24 @@ NumberFault ParseNumber(std::string_view field, double& value) {
     return Parse(field, value);
 }
 
+std::size_t ReadNumbers(std::string_view line, std::span<std::int32_t> numbers) {
+    const char* at = line.data();
+    const char* const end = at + line.size();
+    for (std::size_t count = 0; count < numbers.size(); ++count) {
+        std::from_chars_result read = std::from_chars(at, end, numbers[count]);
+        if (read.ec != std::errc{} || (read.ptr != end && *read.ptr != ',')) { // blanks, a plus, or no number
+            read.ptr = std::find(at, end, ',');
+            const std::string_view field(at, static_cast<std::size_t>(read.ptr - at));
+            if (ParseNumber(field, numbers[count]) != NumberFault::None) {
+                return 0;
+            }
+        }
+        if (read.ptr == end) {
+            return count + 1;
+        }
+        at = read.ptr + 1;
+    }
+    return 0;
+}
+
 } // namespace brindle

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -43,6 +46,20 @@ class FieldCursor {
     bool more_;
 };
 
+/// The fields of a line that must have exactly so many; false, and fields of no meaning, for any other.
+template<std::size_t Count>
+bool SplitFields(std::string_view line, std::array<std::string_view, Count>& fields) {
+    FieldCursor cursor(line);
+    std::size_t found = 0;
+    for (std::string_view field; cursor.Next(field); ++found) {
+        if (found == Count) {
+            return false;
+        }
+        fields.at(found) = field;
+    }
+    return found == Count;
+}
+
 /// Number of fields of a line, at least 1.
 int FieldCount(std::string_view line);
 
@@ -64,5 +81,10 @@ NumberFault ParseNumber(std::string_view field, std::int16_t& value);
 NumberFault ParseNumber(std::string_view field, std::int32_t& value);
 NumberFault ParseNumber(std::string_view field, float& value);
 NumberFault ParseNumber(std::string_view field, double& value);
+
+/// Reads the fields of a line that are all 32-bit numbers into `numbers` and returns how many they are; 0 for
+/// a line with any other field and for one of more fields than `numbers` has room for. The quick way for the
+/// many lines that nothing is wrong with.
+std::size_t ReadNumbers(std::string_view line, std::span<std::int32_t> numbers);
 
 } // namespace brindle

@@ -3,13 +3,15 @@
 #include "model/number_text.h"
 #include "model/output_map.h"
 
+#include <limits>
 #include <string_view>
 
 namespace brindle {
 
 namespace {
 
-constexpr std::int32_t LeastSignals = 2; // a "TRUE" and what it is inverted to
+constexpr double GreatestVersion = 1000000; // a hundred times it is part of a file name
+constexpr std::int32_t LeastSignals = 2;    // a "TRUE" and what it is inverted to
 
 /// Reads the values of a head one by one until the first that fails.
 class HeadReader {
@@ -72,7 +74,8 @@ class HeadReader {
 
 bool InRanges(const Vdr810Head& head) {
     const int outputs = head.LastOutput - head.FirstOutput + 1;
-    return head.Groups >= 1 && head.Groups <= MaxGroups && head.Timers >= 0 &&
+    return head.SettingsVersion >= 0 && head.SettingsVersion <= GreatestVersion && head.Options >= 0 &&
+           head.Groups >= 1 && head.Groups <= MaxGroups && head.Timers >= 0 &&
            head.Timers <= TimersPerGroup && head.Latches >= 0 && head.Latches <= LatchesPerGroup &&
            head.Labels >= 0 && head.Categories >= 0 && head.Signals >= LeastSignals &&
            head.FirstOutput >= 0 && outputs >= 1 && outputs <= MapBanks * OutputsPerBank;
@@ -112,6 +115,12 @@ FileError ReadVdr810Head(TextCursor& text, const std::string& source, Vdr810Head
     }
     head = read;
     return {};
+}
+
+std::int16_t InvertedTrue(std::int32_t signals) {
+    const std::int32_t number = signals - TrueCode;
+    return number > std::numeric_limits<std::int16_t>::max() ? std::int16_t{0}
+                                                             : static_cast<std::int16_t>(number);
 }
 
 Vdr810Head HeadOf(const LogicConfig& config) {

@@ -14,9 +14,9 @@ namespace brindle {
 struct Vdr810Head {
     std::string Identity;
     float FormatNumber = 0;
-    float Version = 0;          ///< of the relay's settings file
-    double SettingsVersion = 0; ///< the same in double precision
-    std::int16_t Options = 0;
+    float Version = 0;           ///< of the relay's settings file, 0 to 1000000
+    double SettingsVersion = 0;  ///< the same in double precision
+    std::int16_t Options = 0;    ///< 0 or more
     std::int16_t Groups = 0;     ///< 1 to 8
     std::int16_t Timers = 0;     ///< 0 to 6
     std::int16_t Latches = 0;    ///< 0 to 2
@@ -36,6 +36,10 @@ int ErrorOfNumber(NumberFault fault);
 /// that its type cannot hold OverflowError, one outside the ranges above SubscriptError, a text that ends
 /// early InputPastEndError; `source` names the file in the error. On failure `head` is unchanged.
 FileError ReadVdr810Head(TextCursor& text, const std::string& source, Vdr810Head& head);
+
+/// The number that inverts "TRUE" among `signals` signals, which is what "FALSE" is as long as nothing else
+/// tells it; 0 where 16 bits do not hold it.
+std::int16_t InvertedTrue(std::int32_t signals);
 
 /// The head of a logic, the lists counted as its header counts them.
 Vdr810Head HeadOf(const LogicConfig& config);

@@ -12,10 +12,29 @@ namespace brindle {
 
 namespace {
 
-constexpr int CategoryFields = 2;
-constexpr int LabelFields = 3;
-constexpr int LabelFieldsStated = 2; // the number that the box has always named
-constexpr int FieldsBeforeValues = 2;
+constexpr std::size_t OwnCategoryFields = 2;
+constexpr std::size_t OwnLabelFields = 3;
+constexpr int OwnLabelFieldsStated = 2;   // the number that the box has always named
+constexpr std::size_t UsualEntries = 512; // of a list: room is made at once, for more as they come
+
+bool IsUnitRecord(int record) {
+    return record >= InputRecord && record <= DropOutRecord;
+}
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool IsInput(int number) {
+    return number >= 1 && number <= InputsPerUnit;
+}
+
+/// Empties a list that the head says to have so many entries.
+template<class Entry>
+void BeginEntries(std::vector<Entry>& list, std::int16_t promised) {
+    list.clear();
+    list.reserve(std::min(static_cast<std::size_t>(promised) + 1, UsualEntries)); // one more for END
+}
 
 std::string_view FirstField(std::string_view line) {
     std::string_view first;
@@ -29,34 +48,34 @@ Vdr810SectionReader::Vdr810SectionReader(LogicConfig& config, std::array<UnitLin
     : config_(config), lines_(lines), banks_(BankCount(config)), falseCode_(config.Coding.FalseCode) {}
 
 std::optional<MessageBox> Vdr810SectionReader::Take(std::string_view line) {
-    const std::string_view first = FirstField(line);
-    if (!first.empty() && first.front() == '<') { // most lines are told apart without a look at the tags
-        if (const int unit = UnitOfTag(first); unit != 0) {
-            return BeginUnit(unit, first);
+    if (!IsDigit(line.front())) { // most lines are told apart from tags by their first byte
+        const std::string_view tag = FirstField(line);
+        if (const int unit = UnitOfTag(tag); unit != 0) {
+            return BeginUnit(unit, tag);
         }
-        if (BeginList(first)) {
+        if (BeginList(tag)) {
             return {};
         }
     }
     ++element_;
     switch (section_) {
     case Section::Categories:
-        return TakeCategory(line, first);
+        return TakeCategory(line);
     case Section::Labels:
         return TakeLabel(line);
     case Section::Unit:
-        return TakeUnitLine(line, first);
+        return TakeUnitLine(line);
     case Section::Ended:
         return {};
     case Section::None:
         break;
     }
-    return RefusedLine(UnitPlace(0, first), "No section has begun.", element_);
+    return RefusedLine(UnitPlace(0, FirstField(line)), "No section has begun.", element_);
 }
 
 std::optional<MessageBox> Vdr810SectionReader::BeginUnit(int unit, std::string_view tag) {
     if (!HasUnit(config_, unit)) {
-        return RefusedLine(UnitPlace(unit, tag), "The header promises no such unit.", 0);
+        return RefusedLine(UnitPlace(unit, tag), "The header promises no such unit.", 1);
     }
     section_ = Section::Unit;
     unit_ = unit;
@@ -68,10 +87,10 @@ std::optional<MessageBox> Vdr810SectionReader::BeginUnit(int unit, std::string_v
 bool Vdr810SectionReader::BeginList(std::string_view tag) {
     if (tag == CategoryTag) {
         section_ = Section::Categories;
-        config_.Lists.Categories.clear();
+        BeginEntries(config_.Lists.Categories, config_.Vdr810.CategoryCount);
     } else if (tag == LabelTag) {
         section_ = Section::Labels;
-        config_.Lists.Labels.clear();
+        BeginEntries(config_.Lists.Labels, config_.Vdr810.LabelCount);
         config_.Coding.FalseCode = falseCode_;
     } else {
         return false;
@@ -97,23 +116,24 @@ void Vdr810SectionReader::ClearUnitRead() {
     }
 }
 
-std::optional<MessageBox> Vdr810SectionReader::TakeCategory(std::string_view line, std::string_view first) {
+std::optional<MessageBox> Vdr810SectionReader::TakeCategory(std::string_view line) {
     Vdr810Category category;
-    const NumberFault fault = ParseNumber(first, category.Number);
+    const NumberFault fault = ParseNumber(FirstField(line), category.Number);
     if (fault == NumberFault::None && category.Number == EndNumber) {
         config_.Lists.Categories.push_back({EndNumber, EndName, EndName});
         section_ = Section::Ended;
         return {};
     }
-    const int fields = FieldCount(line);
-    if (fields != CategoryFields) {
-        return WrongFieldCount(CategoryPlace(), fields, CategoryFields, CategoryFields, element_);
+    std::array<std::string_view, OwnCategoryFields> fields;
+    if (!SplitFields(line, fields)) {
+        return WrongFieldCount(CategoryPlace(), FieldCount(line), OwnCategoryFields, OwnCategoryFields,
+                               element_);
     }
     if (fault != NumberFault::None) {
         return RefusedLine(CategoryPlace(), FaultOfField(1, fault), element_);
     }
-    category.Name = line.substr(line.find(',') + 1);
-    category.Caption = category.Name;
+    category.Caption = fields[1];
+    category.Name = fields[1];
     if (IsEnd(category)) {
         section_ = Section::Ended;
     } else if (element_ > config_.Vdr810.CategoryCount) {
@@ -124,31 +144,25 @@ std::optional<MessageBox> Vdr810SectionReader::TakeCategory(std::string_view lin
 }
 
 std::optional<MessageBox> Vdr810SectionReader::TakeLabel(std::string_view line) {
-    const int fields = FieldCount(line);
-    if (fields != LabelFields) {
-        return WrongFieldCount(LabelPlace(), fields, LabelFields, LabelFieldsStated, element_);
+    std::array<std::string_view, OwnLabelFields> fields;
+    if (!SplitFields(line, fields)) {
+        return WrongFieldCount(LabelPlace(), FieldCount(line), OwnLabelFields, OwnLabelFieldsStated,
+                               element_);
     }
-    FieldCursor cursor(line);
-    std::string_view field;
     Vdr810Label label;
-    cursor.Next(field);
-    if (const NumberFault fault = ParseNumber(field, label.Category); fault != NumberFault::None) {
+    if (const NumberFault fault = ParseNumber(fields[0], label.Category); fault != NumberFault::None) {
         return RefusedLine(LabelPlace(), FaultOfField(1, fault), element_);
     }
-    cursor.Next(field);
-    if (const NumberFault fault = ParseNumber(field, label.Signal); fault != NumberFault::None) {
+    std::int16_t falseCode = config_.Coding.FalseCode;
+    NumberFault fault = ParseNumber(fields[1], label.Signal);
+    if (fault == NumberFault::None && fields[2] == FalseName) {
+        fault = ParseNumber(fields[1], falseCode);
+    }
+    if (fault != NumberFault::None) {
         return RefusedLine(LabelPlace(), FaultOfField(2, fault), element_);
     }
-    std::int16_t falseCode = config_.Coding.FalseCode;
-    const std::string_view number = field;
-    cursor.Next(field);
-    label.Name = field;
-    label.Caption = label.Name;
-    if (label.Name == FalseName) {
-        if (const NumberFault fault = ParseNumber(number, falseCode); fault != NumberFault::None) {
-            return RefusedLine(LabelPlace(), FaultOfField(2, fault), element_);
-        }
-    }
+    label.Name = fields[2];
+    label.Caption = fields[2];
     if (IsEnd(label)) {
         section_ = Section::Ended;
     } else if (element_ > config_.Vdr810.LabelCount) {
@@ -159,11 +173,30 @@ std::optional<MessageBox> Vdr810SectionReader::TakeLabel(std::string_view line) 
     return {};
 }
 
-int Vdr810SectionReader::ValuesPerGroup(int record) const {
-    return record == OutputMapRecord ? banks_ : 1;
+int Vdr810SectionReader::FieldsNeeded(int record) const {
+    const int valuesPerGroup = record == OutputMapRecord ? banks_ : 1;
+    return static_cast<int>(FieldsBeforeValues) + config_.GroupCount * valuesPerGroup;
 }
 
-std::optional<MessageBox> Vdr810SectionReader::TakeUnitLine(std::string_view line, std::string_view first) {
+bool Vdr810SectionReader::IsIgnored(int record) const {
+    return !IsTimer(unit_) && (record == PickUpRecord || record == DropOutRecord);
+}
+
+std::optional<MessageBox> Vdr810SectionReader::TakeUnitLine(std::string_view line) {
+    const auto fields = static_cast<int>(ReadNumbers(line, numbers_));
+    const auto [record, number] = std::pair(numbers_[0], numbers_[1]);
+    const bool whole = fields != 0 && IsUnitRecord(record) && fields == FieldsNeeded(record);
+    if (!whole || (record == InputRecord && !IsInput(number))) {
+        return JudgeUnitLine(line);
+    }
+    if (!IsIgnored(record)) {
+        Store(record, number);
+    }
+    return {};
+}
+
+std::optional<MessageBox> Vdr810SectionReader::JudgeUnitLine(std::string_view line) const {
+    const std::string_view first = FirstField(line);
     const auto refuse = [&](const std::string& cause) {
         return RefusedLine(UnitPlace(unit_, first), cause, element_);
     };
@@ -171,62 +204,47 @@ std::optional<MessageBox> Vdr810SectionReader::TakeUnitLine(std::string_view lin
     if (const NumberFault fault = ParseNumber(first, record); fault != NumberFault::None) {
         return refuse(FaultOfField(1, fault));
     }
-    if (record < InputRecord || record > DropOutRecord) {
+    if (!IsUnitRecord(record)) {
         return refuse("Record type " + std::to_string(record) + " is not known.");
     }
-    const int needed = FieldsBeforeValues + config_.GroupCount * ValuesPerGroup(record);
+    const int needed = FieldsNeeded(record);
     const int fields = FieldCount(line);
     if (fields != needed) {
         return WrongFieldCount(UnitPlace(unit_, first), fields, needed, needed, element_);
     }
-    if (!IsTimer(unit_) && (record == PickUpRecord || record == DropOutRecord)) {
-        return {}; // a latch has no times
+    if (IsIgnored(record)) {
+        return {};
     }
-    std::int32_t number = 0;
-    int field = 0;
-    if (const NumberFault fault = ParseValues(line, number, field); fault != NumberFault::None) {
-        return refuse(FaultOfField(field, fault));
-    }
-    if (record == InputRecord && (number < 1 || number > InputsPerUnit)) {
-        return refuse("There is no input " + std::to_string(number) + ".");
-    }
-    Store(record, number);
-    return {};
-}
-
-NumberFault Vdr810SectionReader::ParseValues(std::string_view line, std::int32_t& number, int& field) {
     FieldCursor cursor(line);
     std::string_view text;
-    cursor.Next(text);
-    cursor.Next(text);
-    field = FieldsBeforeValues;
-    NumberFault fault = ParseNumber(text, number);
-    for (std::size_t i = 0; fault == NumberFault::None && cursor.Next(text); ++i) {
-        ++field;
-        fault = ParseNumber(text, values_.at(i));
+    for (int field = 1; cursor.Next(text); ++field) {
+        std::int32_t value = 0;
+        if (const NumberFault fault = ParseNumber(text, value); fault != NumberFault::None) {
+            return refuse(FaultOfField(field, fault));
+        }
     }
-    return fault;
+    return refuse("There is no input " + std::to_string(numbers_[1]) + ".");
 }
 
 void Vdr810SectionReader::Store(int record, int number) {
     const int slot = Unit(unit_).MapSlot;
-    std::size_t next = 0;
+    const std::int32_t* value = &numbers_[FieldsBeforeValues];
     for (int g = 1; g <= config_.GroupCount; ++g) {
         LogicGroup& group = config_.Group(g);
         switch (record) {
         case InputRecord:
-            group.Unit(unit_).Inputs.at(static_cast<std::size_t>(number - 1)) = values_.at(next++);
+            group.Unit(unit_).Inputs.at(static_cast<std::size_t>(number - 1)) = *value++;
             break;
         case OutputMapRecord:
             for (int bank = 1; bank <= banks_; ++bank) {
-                group.OutputMap(slot, bank) = static_cast<std::uint32_t>(values_.at(next++));
+                group.OutputMap(slot, bank) = static_cast<std::uint32_t>(*value++);
             }
             break;
         case PickUpRecord:
-            group.Timer(unit_).PickUp = values_.at(next++);
+            group.Timer(unit_).PickUp = *value++;
             break;
         default:
-            group.Timer(unit_).DropOut = values_.at(next++);
+            group.Timer(unit_).DropOut = *value++;
             break;
         }
     }

@@ -20,19 +20,21 @@ class Vdr810SectionReader {
 
   private:
     using Refused = std::optional<MessageBox>;
+    static constexpr std::size_t FieldsBeforeValues = 2;
     enum class Section { None, Categories, Labels, Unit, Ended };
 
     [[nodiscard]] Refused BeginUnit(int unit, std::string_view tag);
     [[nodiscard]] bool BeginList(std::string_view tag);
     /// Of a repeated section the last holds.
     void ClearUnitRead();
-    [[nodiscard]] Refused TakeCategory(std::string_view line, std::string_view first);
+    [[nodiscard]] Refused TakeCategory(std::string_view line);
     [[nodiscard]] Refused TakeLabel(std::string_view line);
-    [[nodiscard]] Refused TakeUnitLine(std::string_view line, std::string_view first);
-    /// Field 2 of a unit's line goes to `number`, those after it to `values_`; `field` is the one at fault.
-    [[nodiscard]] NumberFault ParseValues(std::string_view line, std::int32_t& number, int& field);
+    [[nodiscard]] Refused TakeUnitLine(std::string_view line);
+    /// Looks again at a line that is not as it should be; a latch's times may hold anything.
+    [[nodiscard]] Refused JudgeUnitLine(std::string_view line) const;
     void Store(int record, int number);
-    [[nodiscard]] int ValuesPerGroup(int record) const;
+    [[nodiscard]] int FieldsNeeded(int record) const;
+    [[nodiscard]] bool IsIgnored(int record) const;
 
     [[nodiscard]] UnitLinesRead& Lines() { return lines_.at(static_cast<std::size_t>(unit_ - 1)); }
 
@@ -43,8 +45,8 @@ class Vdr810SectionReader {
     Section section_ = Section::None;
     int unit_ = 0;
     int element_ = 0; ///< lines or entries of the section so far
-    std::array<std::int32_t, std::size_t{MaxGroups} * MapBanks>
-        values_{}; ///< of the line that is being taken
+    std::array<std::int32_t, FieldsBeforeValues + std::size_t{MaxGroups} * MapBanks>
+        numbers_{}; ///< the fields of the line that is being taken
 };
 
 } // namespace brindle

@@ -12,7 +12,7 @@ inline constexpr std::string_view CategoryTag = "<CATEGORY INFO>";
 inline constexpr std::string_view LabelTag = "<LABEL INFO>";
 
 /// The tag of each unit, at its number less 1. Tags name the sides of a latch the other way round than the
-/// units do: the relay reads them so.
+/// units do: files keep their meaning by it.
 inline constexpr std::array<std::string_view, UnitsPerGroup> UnitTags{
     "<TIMER 1>", "<TIMER 2>",     "<TIMER 3>",       "<TIMER 4>",     "<TIMER 5>",
     "<TIMER 6>", "<LATCH 1 SET>", "<LATCH 1 RESET>", "<LATCH 2 SET>", "<LATCH 2 RESET>"};

@@ -5,6 +5,7 @@
 #include "model/unit_table.h"
 #include "model/vdr810_lists.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -112,6 +113,14 @@ struct LogicConfig {
 /// The code of an input that has no signal: "NO CONNECT" for the VDR812, the signal "FALSE" for the VDR810.
 inline UnitInput UnconnectedCode(const LogicConfig& config) {
     return config.RelayModel == RelayKind::Vdr812 ? NoConnectCode : config.Coding.FalseCode;
+}
+
+/// How many groups the editor offers singly: all of a VDR812, at most six of a VDR810, whose groups 7 and 8
+/// are kept.
+inline int ShownGroups(const LogicConfig& config) {
+    constexpr int vdr810Groups = 6;
+    return config.RelayModel == RelayKind::Vdr812 ? config.GroupCount
+                                                  : std::min(config.GroupCount, vdr810Groups);
 }
 
 /// Whether the relay of this logic has unit `unit` (1 to 10). A VDR812 has them all, a VDR810 those that its

@@ -40,7 +40,7 @@ QString UnitName(const UnitPlace& place) {
 
 void formPrintBrindle::cmdPrint_Click() {
     const std::vector<UnitPlace> units =
-        UnitsToPrint(Choice(), surroundings_.Config().GroupCount, surroundings_.Shown());
+        UnitsToPrint(Choice(), surroundings_.Config(), surroundings_.Shown());
     lblProgress_->clear();
     if (units.empty()) {
         surroundings_.Outside.ShowMessageBox(NoGroupsNotice());

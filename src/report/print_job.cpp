@@ -2,15 +2,18 @@
 
 namespace brindle {
 
-std::vector<UnitPlace> UnitsToPrint(const PrintChoice& choice, int groupCount, const UnitPlace& shown) {
+std::vector<UnitPlace> UnitsToPrint(const PrintChoice& choice, const LogicConfig& config,
+                                    const UnitPlace& shown) {
     if (choice.Scope == PrintScope::ShownUnit) {
         return {shown};
     }
     std::vector<UnitPlace> units;
-    for (int group = 1; group <= groupCount; ++group) {
+    for (int group = 1; group <= config.GroupCount; ++group) {
         if (choice.Scope == PrintScope::EveryGroup || choice.Ticked(group)) {
             for (int unit = 1; unit <= UnitsPerGroup; ++unit) {
-                units.push_back({group, unit});
+                if (HasUnit(config, unit)) {
+                    units.push_back({group, unit});
+                }
             }
         }
     }

@@ -37,7 +37,8 @@ struct PrintChoice {
 
 /// The units to print, by group and then by unit. Groups that the logic does not have are left out, so that
 /// the list is empty when none of its groups is ticked.
-std::vector<UnitPlace> UnitsToPrint(const PrintChoice& choice, int groupCount, const UnitPlace& shown);
+std::vector<UnitPlace> UnitsToPrint(const PrintChoice& choice, const LogicConfig& config,
+                                    const UnitPlace& shown);
 
 /// Told when the groups to print were to be selected and none was.
 MessageBox NoGroupsNotice();

@@ -2,14 +2,17 @@
 
 #include "model/number_text.h"
 
+#include <algorithm>
+
 namespace brindle {
 
 namespace {
 
-/// `index` where the list has such a place, else its first.
-template<class List>
-int PlaceIn(const List& list, int index) {
-    return index >= 0 && static_cast<std::size_t>(index) < list.size() ? index : 0;
+/// The place of `value` in the list, else its first.
+template<class Value>
+int PlaceOf(const Value& value, const std::vector<Value>& list) {
+    const auto found = std::find(list.begin(), list.end(), value);
+    return found == list.end() ? 0 : static_cast<int>(found - list.begin());
 }
 
 } // namespace
@@ -23,8 +26,8 @@ Vdr810Options::Vdr810Options(const PlcFolderLookups& lookups, const Vdr810Choice
         }
         versions_.push_back(version);
     }
-    ChooseVersion(PlaceIn(versions_, remembered.VersionIndex));
-    ChooseOptions(PlaceIn(options_, remembered.OptionsIndex));
+    ChooseVersion(PlaceOf(FormatFixed(remembered.Version, 2), versions_));
+    ChooseOptions(PlaceOf(remembered.Options, options_));
 }
 
 void Vdr810Options::ChooseVersion(int index) {

@@ -29,7 +29,8 @@ struct Vdr810Choice {
 /// The two lists of the dialog and what is chosen in them.
 class Vdr810Options {
   public:
-    /// Fills the lists and selects `remembered`, or the first entries where the lists have no such places.
+    /// Fills the lists and selects the version and options number of `remembered`, wherever they stand now,
+    /// or the first entries where the folder no longer has them.
     Vdr810Options(const PlcFolderLookups& lookups, const Vdr810Choice& remembered);
 
     /// The versions found with two decimals, in code order.

@@ -1,3 +1,4 @@
+#include "editor/group_editing.h"
 #include "support/editor_harness.h"
 #include "support/vdr810_scheme.h"
 
@@ -166,6 +167,10 @@ TEST_F(Vdr810Commands, WithoutOptionFileTheCaptionNamesIt) {
               "Missing: PLC00230_OPT00012.810");
     EXPECT_FALSE(HasFile(Option230)) << "a file that brought no lists makes none";
     EXPECT_EQ(Harness->View().Inputs[4].Text, "") << "nobody knows the name";
+    EXPECT_EQ(Harness->View().Inputs[5].Text, "FALSE") << "the inverted TRUE, until somebody tells";
+    Harness.AnswerBox(MessageAnswer::Ok);
+    Harness->mnuClearDisplayedUnit_Click();
+    EXPECT_EQ(Config().InputCode(1, 1, 5), 255);
 }
 
 TEST_F(Vdr810Commands, ListsOfTheLogicFileMakeTheOptionFile) {
@@ -300,6 +305,123 @@ TEST_F(Vdr810Commands, WithoutTimersTheFirstLatchIsShown) {
     Harness.Files["/data/x.c10"] = EncodeVdr810(config);
     Open("/data/x.c10");
     EXPECT_EQ(Harness->Shown().Unit, 7);
+}
+
+TEST_F(Vdr810Commands, AnOptionFileThatCountsOtherSignalsIsToldOfAndNotTaken) {
+    LogicConfig other = SchemeLists(2.3, 12);
+    other.Coding.InvertBase = 400;
+    Harness.Files[Option230] = EncodeOptionFile(other);
+    Open("/data/x.c10");
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_EQ(Harness.Boxes[0].Text, "There was an error trying to open the File.\r\nError number: "
+                                     "9\r\nError description: Subscript out of "
+                                     "range\r\nError Source: read /opt/brindle/PLC00230_OPT00012.810, 400 "
+                                     "signals where the logic has 256");
+    EXPECT_TRUE(Config().Lists.Empty());
+    EXPECT_EQ(Config().Coding.FalseCode, 255);
+}
+
+TEST_F(Vdr810Commands, AnOptionFileOfAnotherVersionThanItsNameIsRefused) {
+    Harness.Files[Option230] = SchemeOptionFile(1.0, 0);
+    Harness->mnuFileNewVdr810_Click();
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_NE(Harness.Boxes[0].Text.find("PLC00230_OPT00012.810, header of version 1.00 and options 0"),
+              std::string::npos);
+    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr812);
+}
+
+/// A logic file with lists of its own beside an option file that cannot be read.
+struct Vdr810ListsHereAlone : Vdr810Commands {
+    Vdr810ListsHereAlone() {
+        Harness.Files[Option230] = "identity\r\n";
+        Harness.Files["/data/x.c10"] += "<LABEL INFO>\r\n3,20,OWN\r\n";
+        Open("/data/x.c10");
+        Harness.Boxes.clear();
+    }
+};
+
+TEST_F(Vdr810ListsHereAlone, SaveAsksBeforeItLeavesThemOut) {
+    const std::string before = Harness.Files["/data/x.c10"];
+    Harness.AnswerBox(MessageAnswer::Cancel);
+    Harness->mnuFileSave_Click();
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_EQ(Harness.Boxes[0].Text, "The names of signals that this file brought along are in no option "
+                                     "file: PLC00230_OPT00012.810 could not "
+                                     "be made or read.  A logic file is saved without them.\r\nSelect OK to "
+                                     "save without the names.  To abort "
+                                     "press cancel.");
+    EXPECT_EQ(Harness.Files["/data/x.c10"], before);
+    Harness.AnswerBox(MessageAnswer::Ok);
+    Harness->mnuFileSave_Click();
+    EXPECT_EQ(Harness.Files["/data/x.c10"], SchemeLogicFile(2.3, 12));
+}
+
+TEST_F(Vdr810ListsHereAlone, SaveMakesTheOptionFileWhenItCanNow) {
+    Harness.Files.erase(Option230);
+    Harness->mnuFileNewVdr810_Click(); // offers nothing, but has looked at the folder anew
+    Harness->mnuFileSave_Click();
+    EXPECT_TRUE(HasFile(Option230));
+    EXPECT_TRUE(Harness.Boxes.empty());
+}
+
+TEST_F(Vdr810Commands, AFileThatCannotMakeItsOptionFileOpensNevertheless) {
+    Harness.Files.erase(Option230);
+    Harness.Files["/data/x.c10"] += "<LABEL INFO>\r\n3,20,OWN\r\n";
+    EditorHarness closed;
+    closed.Files = Harness.Files;
+    closed.Surroundings.Files.CreateNew = [](const std::string& path, std::uint32_t /*mode*/,
+                                             FileHandle& /*handle*/) {
+        return MakeFileError(PathAccessError, "create " + path);
+    };
+    closed.Start();
+    closed->OpenPath("/data/x.c10");
+    ASSERT_EQ(closed.Boxes.size(), 1U);
+    EXPECT_EQ(closed.Boxes[0].Text, "The selected path can not be accessed.");
+    EXPECT_EQ(closed->View().Inputs[4].Text, "OWN");
+    EXPECT_EQ(closed->Config().FilePath, "/data/x.c10");
+}
+
+TEST_F(Vdr810Commands, ARefusedFileIsShownWithTheNamesOfItsOptionFile) {
+    Harness.Files["/data/x.c10"] += "9,1\r\n";
+    Open("/data/x.c10");
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "Z1P");
+    EXPECT_EQ(Harness->Identity().find("Missing"), std::string::npos);
+}
+
+TEST_F(Vdr810Commands, SaveAsRefusesTheOtherRelaysExtension) {
+    Open("/data/x.c10");
+    Harness.ChooseFile("/data", "y.pl", 2);
+    Harness.ChooseFile("/data", "y.c10", 2);
+    Harness->mnuSaveBin_Click();
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_EQ(Harness.Boxes[0].Text, "The name of a VDR810 logic file can not end in .pl.");
+    EXPECT_FALSE(HasFile("/data/y.pl"));
+    EXPECT_TRUE(HasFile("/data/y.c10"));
+    Harness->mnuNewFileVer230_Click();
+    Harness.ChooseFile("/data", "z.C10");
+    Harness.CancelFile();
+    Harness->mnuSaveBin_Click();
+    EXPECT_EQ(Harness.Boxes.back().Text, "The name of a VDR812 program can not end in .c10.");
+    EXPECT_FALSE(HasFile("/data/z.C10"));
+}
+
+TEST_F(Vdr810Commands, OpeningALogicMovesWhatTheOptionsDialogOpensWith) {
+    Harness.Files["/opt/brindle/PLC00100_OPT00000.810"] = SchemeOptionFile(1.0, 0);
+    Open("/data/x.c10");
+    Harness->mnuFileNewVdr810_Click();
+    EXPECT_EQ(Config().Version, 2.3F);
+}
+
+TEST_F(Vdr810Commands, GroupEditingOffersTheGroupsThatAreShown) {
+    Open("/data/x.c10");
+    EXPECT_TRUE(ChoiceInLogic(Config(), 6));
+    EXPECT_FALSE(ChoiceInLogic(Config(), 7));
+    EXPECT_TRUE(ChoiceInLogic(Config(), AllGroups));
+    EXPECT_EQ(NextGroup(Config(), 6), 1);
+    Harness.AnswerBox(MessageAnswer::Ok);
+    Harness->EditConfig().Group(8).Timer(2).PickUp = 9;
+    Harness->cmdClearGroup_Click(AllGroups);
+    EXPECT_EQ(Config().Group(8).Timer(2).PickUp, 0) << "all groups are all of the file's";
 }
 
 } // namespace

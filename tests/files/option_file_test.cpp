@@ -33,7 +33,7 @@ OptionFile OptionIn(const std::string& text) {
 FileError OptionError(const std::string& text) {
     OptionFile option;
     option.Unconnected = 77;
-    const FileError error = DecodeOptionFile(text, "read x.810", option);
+    FileError error = DecodeOptionFile(text, "read x.810", option);
     EXPECT_EQ(error.Failed(), option.Unconnected == 77) << "on failure the option stays";
     EXPECT_EQ(error.Failed(), option.Head == Vdr810Head{});
     EXPECT_TRUE(!error.Failed() || option.Lists.Empty());
@@ -300,12 +300,23 @@ TEST(ReadOptionFile, AMissingFileIsNotFound) {
 TEST(TakeLists, GivesListsAndUnconnectedSignalAndLeavesTheHead) {
     LogicConfig config = ReadText(Vdr810Text().Value(1, "MINE").Value(8, "9").Section(1, 5).Text()).Config;
     const LogicConfig before = config;
-    const OptionFile option = OptionIn(SmallOption().Value(10, "300").Text());
-    TakeLists(config, option);
+    const OptionFile option = OptionIn(SmallOption().Text());
+    EXPECT_FALSE(TakeLists(config, option, "x").Failed());
     EXPECT_EQ(option.Lists, config.Lists);
     EXPECT_EQ(105, UnconnectedCode(config));
     EXPECT_EQ(HeadOf(before), HeadOf(config));
     EXPECT_EQ(before.Groups, config.Groups);
+}
+
+TEST(TakeLists, RefusesAFileThatCountsAnotherNumberOfSignals) {
+    LogicConfig config = ReadText(Vdr810Text().Section(1, 5).Text()).Config;
+    const LogicConfig before = config;
+    const FileError error = TakeLists(config, OptionIn(SmallOption().Value(10, "300").Text()), "read x.810");
+    EXPECT_EQ(SubscriptError, error.Number);
+    EXPECT_EQ("read x.810, 300 signals where the logic has " + std::to_string(before.Coding.InvertBase),
+              error.Source);
+    EXPECT_EQ(before.Lists, config.Lists);
+    EXPECT_EQ(before.Coding.FalseCode, config.Coding.FalseCode);
 }
 
 TEST(MakeNewVdr810, IsAnEmptyLogicOfTheOptionFile) {

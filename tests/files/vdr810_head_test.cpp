@@ -123,6 +123,20 @@ TEST(Vdr810Head, ATextThatEndsBeforeAnyOfTheValuesIsAnInputPastTheEnd) {
     EXPECT_EQ(NoFileError, HeadError(inLines));
 }
 
+TEST(Vdr810Head, VersionAndOptionsNameAFileSoTheyAreNotNegativeNorWithoutBounds) {
+    EXPECT_EQ(SubscriptError, ErrorWithValue(3, "-0.01"));
+    EXPECT_EQ(SubscriptError, ErrorWithValue(3, "1000000.01"));
+    EXPECT_EQ(NoFileError, ErrorWithValue(3, "1000000"));
+    EXPECT_EQ(SubscriptError, ErrorWithValue(4, "-1"));
+}
+
+TEST(InvertedTrue, IsTheLastSignalWhereSixteenBitsHoldIt) {
+    EXPECT_EQ(255, InvertedTrue(256));
+    EXPECT_EQ(1, InvertedTrue(2));
+    EXPECT_EQ(32767, InvertedTrue(32768));
+    EXPECT_EQ(0, InvertedTrue(32769));
+}
+
 TEST(Vdr810Head, CountsThatNoLogicCanHaveAreASubscriptOutOfRange) {
     struct Range {
         int Number;
@@ -206,10 +220,10 @@ RC_GTEST_PROP(Vdr810Head, WrittenAndReadIsTheSame, ()) {
     head.Identity = *rc::gen::container<std::string>(rc::gen::suchThat(
         rc::gen::arbitrary<char>(), [](char c) { return c != ',' && c != '\r' && c != '\n'; }));
     head.FormatNumber = static_cast<float>(*rc::gen::inRange(0, 10000)) / 100;
-    const int hundredths = *rc::gen::inRange(-500, 100000);
+    const int hundredths = *rc::gen::inRange(0, 100000000);
     head.SettingsVersion = hundredths / 100.0;
     head.Version = static_cast<float>(head.SettingsVersion);
-    head.Options = *rc::gen::arbitrary<std::int16_t>();
+    head.Options = within(0, 32767);
     head.Groups = within(1, 8);
     head.Timers = within(0, 6);
     head.Latches = within(0, 2);

@@ -151,10 +151,10 @@ TEST(Vdr810Refusal, AUnitThatTheHeadDoesNotPromiseIsNamed) {
     EXPECT_EQ("", box(0, 1, "<LATCH 1 RESET>"));
     EXPECT_EQ(
         "VDR810 File Read in Problem!\r\n(Unit 4 DATA <TIMER 4>)\r\nThe header promises no such unit.\r\n"
-        "Array Element = 0\r\nAborting",
+        "Array Element = 1\r\nAborting",
         box(3, 1, "<TIMER 4>"));
     EXPECT_EQ("VDR810 File Read in Problem!\r\n(Unit 9 DATA <LATCH 2 SET>)\r\n"
-              "The header promises no such unit.\r\nArray Element = 0\r\nAborting",
+              "The header promises no such unit.\r\nArray Element = 1\r\nAborting",
               box(6, 1, "<LATCH 2 SET>"));
 }
 

@@ -100,7 +100,7 @@ TEST(Vdr810Writer, TheListsStayInTheOptionFile) {
 
 TEST(Vdr810Writer, TheHeadIsWrittenBackAsItWasRead) {
     const std::string head = "  LINE \"7\" S\xFC"
-                             "D \r\n3.25\r\n12.34\r\n-5\r\n 1\r\n 0\r\n 0\r\n 150\r\n 20\r\n"
+                             "D \r\n3.25\r\n12.34\r\n 5\r\n 1\r\n 0\r\n 0\r\n 150\r\n 20\r\n"
                              " 70000\r\n3,60\r\n";
     EXPECT_EQ(head, EncodeVdr810(ReadText(head).Config));
 }

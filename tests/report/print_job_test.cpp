@@ -19,6 +19,12 @@ PrintChoice Selected(const std::vector<int>& groups) {
     return choice;
 }
 
+LogicConfig LogicOf(int groups) {
+    LogicConfig config;
+    config.GroupCount = groups;
+    return config;
+}
+
 PrintChoice All() {
     PrintChoice choice;
     choice.Scope = PrintScope::EveryGroup;
@@ -53,7 +59,7 @@ struct LoggedRun {
 };
 
 TEST(UnitsToPrint, AllGroupsAreTheTenUnitsOfEveryGroupInOrder) {
-    const Places units = UnitsToPrint(All(), 8, {3, 4});
+    const Places units = UnitsToPrint(All(), LogicOf(8), {3, 4});
     ASSERT_EQ(80U, units.size());
     for (std::size_t index = 0; index < units.size(); ++index) {
         EXPECT_EQ((UnitPlace{static_cast<int>(index) / 10 + 1, static_cast<int>(index) % 10 + 1}),
@@ -62,19 +68,26 @@ TEST(UnitsToPrint, AllGroupsAreTheTenUnitsOfEveryGroupInOrder) {
 }
 
 TEST(UnitsToPrint, AllGroupsEndWithTheLastGroupOfTheLogic) {
-    const Places units = UnitsToPrint(All(), 6, {1, 1});
+    const Places units = UnitsToPrint(All(), LogicOf(6), {1, 1});
     ASSERT_EQ(60U, units.size());
     EXPECT_EQ((UnitPlace{6, 10}), units.back());
+}
+
+TEST(UnitsToPrint, UnitsThatTheRelayLacksAreNotPrinted) {
+    LogicConfig config = LogicOf(1);
+    config.Vdr810.TimerCount = 1;
+    config.Vdr810.LatchCount = 1;
+    EXPECT_EQ((Places{{1, 1}, {1, 7}, {1, 8}}), UnitsToPrint(All(), config, {1, 1}));
 }
 
 TEST(UnitsToPrint, TheDisplayedUnitAloneWhateverIsTicked) {
     PrintChoice choice = Selected({1, 2});
     choice.Scope = PrintScope::ShownUnit;
-    EXPECT_EQ((Places{{3, 7}}), UnitsToPrint(choice, 8, {3, 7}));
+    EXPECT_EQ((Places{{3, 7}}), UnitsToPrint(choice, LogicOf(8), {3, 7}));
 }
 
 TEST(UnitsToPrint, SelectedGroupsComeInGroupOrder) {
-    const Places units = UnitsToPrint(Selected({7, 2}), 8, {1, 1});
+    const Places units = UnitsToPrint(Selected({7, 2}), LogicOf(8), {1, 1});
     ASSERT_EQ(20U, units.size());
     EXPECT_EQ((UnitPlace{2, 1}), units[0]);
     EXPECT_EQ((UnitPlace{2, 10}), units[9]);
@@ -83,17 +96,17 @@ TEST(UnitsToPrint, SelectedGroupsComeInGroupOrder) {
 }
 
 TEST(UnitsToPrint, NoGroupTickedIsNothingToPrint) {
-    EXPECT_TRUE(UnitsToPrint(Selected({}), 8, {1, 1}).empty());
+    EXPECT_TRUE(UnitsToPrint(Selected({}), LogicOf(8), {1, 1}).empty());
 }
 
 TEST(UnitsToPrint, ATickedGroupThatTheLogicHasNotDoesNotCount) {
-    EXPECT_TRUE(UnitsToPrint(Selected({7, 8}), 6, {1, 1}).empty());
+    EXPECT_TRUE(UnitsToPrint(Selected({7, 8}), LogicOf(6), {1, 1}).empty());
 }
 
 RC_GTEST_PROP(UnitsToPrint, SelectingEveryGroupIsAllGroups, ()) {
     const int groups = *rc::gen::inRange(1, 9);
-    RC_ASSERT(UnitsToPrint(Selected({1, 2, 3, 4, 5, 6, 7, 8}), groups, {1, 1}) ==
-              UnitsToPrint(All(), groups, {1, 1}));
+    RC_ASSERT(UnitsToPrint(Selected({1, 2, 3, 4, 5, 6, 7, 8}), LogicOf(groups), {1, 1}) ==
+              UnitsToPrint(All(), LogicOf(groups), {1, 1}));
 }
 
 TEST(PrintNotices, SayWhatHappenedToTheLetter) {
@@ -120,7 +133,7 @@ TEST(RunPrint, ShowsEachUnitBeforeItIsPrinted) {
 TEST(RunPrint, AUnitThatFailsEndsTheRun) {
     LoggedRun run;
     run.FailAt = 2;
-    const PrintResult result = run.Run(UnitsToPrint(All(), 8, {1, 1}));
+    const PrintResult result = run.Run(UnitsToPrint(All(), LogicOf(8), {1, 1}));
     EXPECT_EQ(PrintOutcome::Failed, result.Outcome);
     EXPECT_EQ(1U, result.Printed);
     EXPECT_EQ("print 1.2", run.Log.back());
@@ -129,7 +142,7 @@ TEST(RunPrint, AUnitThatFailsEndsTheRun) {
 TEST(RunPrint, ACancelEndsTheRunBetweenUnits) {
     LoggedRun run;
     run.CancelAt = 3;
-    const PrintResult result = run.Run(UnitsToPrint(All(), 8, {1, 1}));
+    const PrintResult result = run.Run(UnitsToPrint(All(), LogicOf(8), {1, 1}));
     EXPECT_EQ(PrintOutcome::Cancelled, result.Outcome);
     EXPECT_EQ(3U, result.Printed);
     EXPECT_EQ("print 1.3", run.Log.back());
@@ -145,7 +158,7 @@ RC_GTEST_PROP(RunPrint, PrintsTheUnitsBeforeTheFirstFailureAndNoOther, ()) {
     const auto count = *rc::gen::inRange<std::size_t>(1, 80);
     LoggedRun run;
     run.FailAt = *rc::gen::inRange<std::size_t>(0, 100);
-    Places units = UnitsToPrint(All(), 8, {1, 1});
+    Places units = UnitsToPrint(All(), LogicOf(8), {1, 1});
     units.resize(count);
     const PrintResult result = run.Run(units);
     const bool fails = run.FailAt >= 1 && run.FailAt <= count;

@@ -181,7 +181,7 @@ TEST(ReportText, OfAllUnitsIsWhatTheCompanionReports) {
         const PrintChoice all{PrintScope::EveryGroup, {}};
         EXPECT_EQ(companion.Out.str(),
                   ReportText(example.Config, BuildVdr812Catalogue(example.Config.Version), start,
-                             UnitsToPrint(all, example.Config.GroupCount, {1, 1})));
+                             UnitsToPrint(all, example.Config, {1, 1})));
     }
 }
 

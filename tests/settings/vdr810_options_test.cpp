@@ -68,6 +68,11 @@ TEST(Vdr810Options, OpensWithWhatWasChosenBefore) {
     EXPECT_EQ(options.Choice(), (Vdr810Choice{1, 2.3, 1, 12}));
 }
 
+TEST(Vdr810Options, FindsWhatWasChosenWhereverItStandsNow) {
+    const Vdr810Options options(Folder({{1.0, {3}}, {1.5, {0}}, {2.3, {0, 5, 12}}}), {1, 2.3, 1, 12});
+    EXPECT_EQ(options.Choice(), (Vdr810Choice{2, 2.3, 2, 12}));
+}
+
 TEST(Vdr810Options, AListThatHasBecomeShorterOpensAtItsFirstEntries) {
     const Vdr810Options options(Folder(TwoVersions), {5, 9.9, 4, 99});
     EXPECT_EQ(options.Choice(), (Vdr810Choice{0, 1.0, 0, 3}));
