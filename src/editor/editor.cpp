@@ -48,6 +48,7 @@ void Editor::ShowFirstUnit() {
 
 void Editor::ShowNewLogic() {
     listsHereAlone_ = false;
+    neverSaved_ = false;
     RebuildCatalogue();
     window_.ShowOutputMap();
     ShowFirstUnit();

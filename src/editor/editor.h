@@ -299,6 +299,7 @@ class Editor {
     PlcFolder plcFolder_;
     Vdr810Choice vdr810Choice_;   ///< for the next new VDR810 logic
     bool listsHereAlone_ = false; ///< a VDR810 file brought lists that no option file holds
+    bool neverSaved_ = true;      ///< a new file: what its name stands for is not its logic
     std::string identity_;
     ViewSelection shown_;
     CategoryChoosers choosers_;

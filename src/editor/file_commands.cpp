@@ -44,6 +44,7 @@ bool Editor::MayDiscard(DiscardingCommand command) {
 void Editor::NameNewFile() {
     config_.FileTitle = config_.RelayModel == RelayKind::Vdr812 ? "New_File.pl" : "New_File.c10";
     config_.FilePath = JoinPath(homeDirectory_, config_.FileTitle);
+    neverSaved_ = true;
     window_.ShowTitle();
     RefreshIdentity();
 }
@@ -155,6 +156,7 @@ void Editor::WriteLogic() {
     };
     if (RunFileCommand({write}, SaveFailedText, surroundings_.ShowMessageBox) == FileOutcome::Done) {
         config_.Modified = false;
+        neverSaved_ = false;
         EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
     }
 }

@@ -36,6 +36,16 @@ QLabel* NewLabel(const char* name, QWidget* parent) {
     return label;
 }
 
+/// Whatever is proposed: a source that hears "move" may delete the file that was opened.
+void AcceptCopy(QDropEvent& event) {
+    if (event.possibleActions().testFlag(Qt::CopyAction)) {
+        event.setDropAction(Qt::CopyAction);
+        event.accept();
+    } else {
+        event.ignore();
+    }
+}
+
 } // namespace
 
 formPLG::formPLG(Editor& editor) : editor_(editor), choosers_(this, EventsOfChoosers()) {
@@ -292,13 +302,17 @@ void formPLG::dragEnterEvent(QDragEnterEvent* event) {
     const QList<QUrl> files = event->mimeData()->urls();
     const bool waiting = QApplication::activeModalWidget() != nullptr; // a command has a question open
     if (files.size() == 1 && files.front().isLocalFile() && !waiting) {
-        event->acceptProposedAction();
+        AcceptCopy(*event);
     }
+}
+
+void formPLG::dragMoveEvent(QDragMoveEvent* event) {
+    AcceptCopy(*event);
 }
 
 void formPLG::dropEvent(QDropEvent* event) {
     const std::string path = event->mimeData()->urls().front().toLocalFile().toStdString();
-    event->acceptProposedAction();
+    AcceptCopy(*event);
     // Later, so that the program that the file was dragged from need not wait for the answer to a question.
     QTimer::singleShot(0, this, [this, path] {
         if (QApplication::activeModalWidget() == nullptr) {

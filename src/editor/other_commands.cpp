@@ -27,7 +27,7 @@ void Editor::mnuPrint_Click() {
 
 UnitReportRequest Editor::ReportStart() const {
     UnitReportRequest request;
-    request.FileName = config_.FilePath;
+    request.FileName = neverSaved_ ? config_.FileTitle : config_.FilePath;
     request.Date = surroundings_.Date();
     request.Time = surroundings_.Time();
     request.NumbersShown = numbersChecked_;

@@ -117,8 +117,8 @@ FileError ReadVdr810Head(TextCursor& text, const std::string& source, Vdr810Head
     return {};
 }
 
-std::int16_t InvertedTrue(std::int32_t signals) {
-    const std::int32_t number = signals - TrueCode;
+std::int16_t InvertedTrue(std::int32_t signalCount) {
+    const std::int32_t number = signalCount - TrueCode;
     return number > std::numeric_limits<std::int16_t>::max() ? std::int16_t{0}
                                                              : static_cast<std::int16_t>(number);
 }

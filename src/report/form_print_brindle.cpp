@@ -210,8 +210,10 @@ void formPrintBrindle::OfferPrinters() {
         cmbPrinterList_->clear();
         cmbPrinterList_->addItems(printers.Names());
         cmbPrinterList_->addItem(QStringLiteral("PDF File"));
-        const int known = cmbPrinterList_->findText(before.isEmpty() ? printers.Default() : before);
-        cmbPrinterList_->setCurrentIndex(known < 0 ? 0 : known);
+        // The one chosen before, if it is still there; else the system's; else the file.
+        int known = before.isEmpty() ? -1 : cmbPrinterList_->findText(before);
+        known = known < 0 ? cmbPrinterList_->findText(printers.Default()) : known;
+        cmbPrinterList_->setCurrentIndex(known < 0 ? cmbPrinterList_->count() - 1 : known);
     }
     if (cmbPrinterList_->currentText() != before) {
         ChoosePrinter();

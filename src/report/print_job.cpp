@@ -32,11 +32,11 @@ MessageBox PrintFailedNotice() {
 PrintResult RunPrint(const std::vector<UnitPlace>& units, const PrintRun& run) {
     PrintResult result;
     for (const UnitPlace& unit : units) {
+        run.Progress(unit, result.Printed, units.size()); // where the cancel button is heard
         if (result.Printed > 0 && run.Cancelled()) {
             result.Outcome = PrintOutcome::Cancelled;
             break;
         }
-        run.Progress(unit, result.Printed, units.size());
         run.Show(unit);
         if (!run.Print(unit)) {
             result.Outcome = PrintOutcome::Failed;

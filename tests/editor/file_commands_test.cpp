@@ -374,5 +374,19 @@ TEST_F(FileCommands, OpeningAFileOfNoKnownVersionShowsItAs100) {
     EXPECT_EQ(Harness.Files["/data/x.pl"], bytes);
 }
 
+TEST_F(FileCommands, ReportsNameANewFileBarelyAndASavedOneByItsPath) {
+    EXPECT_EQ(Harness->ReportStart().FileName, "New_File.pl");
+    OpenX();
+    EXPECT_EQ(Harness->ReportStart().FileName, "/data/x.pl");
+    Harness->mnuNewFileVer100_Click();
+    EXPECT_EQ(Harness->ReportStart().FileName, "New_File.pl") << "what lies under its path is not this logic";
+    Harness.FailWith = DeviceIoError;
+    Harness->mnuFileSave_Click();
+    EXPECT_EQ(Harness->ReportStart().FileName, "New_File.pl");
+    Harness.FailWith = 0;
+    Harness->mnuFileSave_Click();
+    EXPECT_EQ(Harness->ReportStart().FileName, "/opt/brindle/New_File.pl");
+}
+
 } // namespace
 } // namespace brindle

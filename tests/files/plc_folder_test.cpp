@@ -134,6 +134,48 @@ TEST(PlcFolder, IsReadFromARealFolder) {
     EXPECT_TRUE(ScanPlcFolder(RealFolders(), folder.Path("none")).Entries.empty());
 }
 
+TEST(ReadEntry, AHeadOfAnotherVersionOrOptionsThanTheNameIsRefused) {
+    const PlcFolderEntry entry = FolderOf({"PLC00230_OPT00012.810"}).Entries.at(0);
+    const auto decode = [&entry](int number, const std::string& value) {
+        const std::string text =
+            Vdr810Text().Value(8, "0").Value(9, "0").Value(number, value).Line(" 99").Text();
+        OptionFile option;
+        FileError error = DecodeEntry(entry, text, "read x.810", option);
+        EXPECT_EQ(error.Failed(), option.Unconnected == 0);
+        return error;
+    };
+    EXPECT_FALSE(decode(1, "LINE 8").Failed());
+    EXPECT_FALSE(decode(3, "2.304").Failed()) << "a name holds hundredths";
+    EXPECT_EQ(SubscriptError, decode(3, "2.31").Number);
+    EXPECT_EQ("read x.810, header of version 2.31 and options 12", decode(3, "2.31").Source);
+    EXPECT_EQ("read x.810, header of version 2.30 and options 13", decode(4, "13").Source);
+    EXPECT_EQ(TypeMismatchError, decode(4, "x").Number);
+}
+
+TEST(ReadEntry, IsReadFromTheFolder) {
+    FakeFileSystem disk;
+    disk.AddFolder("/plc");
+    disk.AddFile("/plc/PLC00230_OPT00012.810", OptionOfLabel("A"));
+    const PlcFolder folder = FolderOf({"PLC00230_OPT00012.810", "PLC00230_OPT00013.810"});
+    OptionFile option;
+    EXPECT_FALSE(ReadEntry(disk.Operations(), folder, folder.Entries.at(0), option).Failed());
+    EXPECT_EQ("A", option.Lists.Labels.at(0).Name);
+    EXPECT_EQ(FileNotFoundError, ReadEntry(disk.Operations(), folder, folder.Entries.at(1), option).Number);
+}
+
+TEST(LoadLists, AnotherNumberOfSignalsLeavesTheLogicItsOwn) {
+    FakeFileSystem disk;
+    disk.AddFolder("/plc");
+    disk.AddFile("/plc/PLC00230_OPT00012.810", OptionOfLabel("A"));
+    LogicConfig config = ReadText(Vdr810Text().Value(10, "300").Text()).Config;
+    const LogicConfig before = config;
+    bool found = false;
+    const FileError error = LoadLists(disk.Operations(), FolderOf({"PLC00230_OPT00012.810"}), config, found);
+    EXPECT_EQ(SubscriptError, error.Number);
+    EXPECT_EQ("read /plc/PLC00230_OPT00012.810, 256 signals where the logic has 300", error.Source);
+    EXPECT_TRUE(SameVdr810(before, config));
+}
+
 TEST(LoadLists, GivesALogicTheListsOfItsVersionAndOptions) {
     FakeFileSystem disk;
     disk.AddFolder("/plc");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -116,6 +117,45 @@ RC_GTEST_PROP(FieldCursor, FieldsJoinedAreTheLine, (const std::string& line)) {
     }
     RC_ASSERT(joined == line);
     RC_ASSERT(static_cast<int>(fields.size()) == FieldCount(line));
+}
+
+TEST(SplitFields, TakesALineOfExactlySoManyFields) {
+    std::array<std::string_view, 3> fields;
+    EXPECT_TRUE(SplitFields("1, 2 ,", fields));
+    EXPECT_EQ((std::array<std::string_view, 3>{"1", " 2 ", ""}), fields);
+    EXPECT_FALSE(SplitFields("1,2", fields));
+    EXPECT_FALSE(SplitFields("1,2,3,4", fields));
+    EXPECT_FALSE(SplitFields("", fields));
+}
+
+TEST(ReadNumbers, ReadsALineOfNumbersUpToTheRoomThereIs) {
+    std::array<std::int32_t, 4> numbers{};
+    EXPECT_EQ(4U, ReadNumbers("1,-2, +3\t,2147483647", numbers));
+    EXPECT_EQ((std::array<std::int32_t, 4>{1, -2, 3, 2147483647}), numbers);
+    EXPECT_EQ(1U, ReadNumbers(" 7 ", numbers));
+    EXPECT_EQ(7, numbers[0]);
+    EXPECT_EQ(0U, ReadNumbers("1,2,3,4,5", numbers));
+    EXPECT_EQ(0U, ReadNumbers("1,2,3,4,", numbers));
+}
+
+TEST(ReadNumbers, ALineWithAnyOtherFieldHasNone) {
+    std::array<std::int32_t, 4> numbers{};
+    for (const char* line :
+         {"", ",", "1,", ",1", "1,,2", "1,x", "x,1", "1,2x", "1 2", "1,2147483648", "1,+-2", "1,2.0"}) {
+        EXPECT_EQ(0U, ReadNumbers(line, numbers)) << line;
+    }
+}
+
+RC_GTEST_PROP(ReadNumbers, IsAParseOfEachField, (const std::vector<std::int32_t>& values)) {
+    RC_PRE(!values.empty());
+    std::string line;
+    for (const std::int32_t value : values) {
+        const std::string blanks(*rc::gen::inRange<std::size_t>(0, 2), ' ');
+        line += (line.empty() ? "" : ",") + blanks + std::to_string(value) + blanks;
+    }
+    std::vector<std::int32_t> numbers(values.size());
+    RC_ASSERT(ReadNumbers(line, numbers) == values.size());
+    RC_ASSERT(numbers == values);
 }
 
 TEST(Trimmed, TakesBlanksAndTabsFromBothEndsOnly) {

@@ -204,6 +204,13 @@ TEST(Vdr810Reader, TheLabelFalseTellsTheUnconnectedSignal) {
     EXPECT_EQ(255, unconnected("1,104,false"));
 }
 
+TEST(Vdr810Reader, WithoutALabelFalseTheInvertedTrueIsUnconnected) {
+    LogicConfig config = LogicIn(Vdr810Text().Line("<LABEL INFO>").Line("1,104,FALSE").Text());
+    EXPECT_TRUE(DecodeVdr810(Vdr810Text().Value(10, "400").Text(), "x", config).Done());
+    EXPECT_EQ(399, UnconnectedCode(config));
+    EXPECT_EQ(399, config.InputCode(1, 1, 1));
+}
+
 TEST(Vdr810Reader, AListEndsAtItsEndEntryAndTheRestUpToTheNextTagIsSkipped) {
     const LogicConfig config = LogicIn(Vdr810Text()
                                            .Line("<CATEGORY INFO>")

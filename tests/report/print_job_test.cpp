@@ -145,7 +145,24 @@ TEST(RunPrint, ACancelEndsTheRunBetweenUnits) {
     const PrintResult result = run.Run(UnitsToPrint(All(), LogicOf(8), {1, 1}));
     EXPECT_EQ(PrintOutcome::Cancelled, result.Outcome);
     EXPECT_EQ(3U, result.Printed);
-    EXPECT_EQ("print 1.3", run.Log.back());
+    EXPECT_EQ("1.4 after 3 of 80", run.Log.back()) << "the button is heard while progress is shown";
+}
+
+TEST(RunPrint, ACancelHeardWhileProgressIsShownPrintsNoMore) {
+    bool cancelled = false;
+    std::vector<int> printed;
+    PrintRun run;
+    run.Show = [](const UnitPlace& /*unit*/) {};
+    run.Print = [&](const UnitPlace& unit) {
+        printed.push_back(unit.Unit);
+        return true;
+    };
+    run.Progress = [&](const UnitPlace& unit, std::size_t /*printed*/, std::size_t /*total*/) {
+        cancelled = cancelled || unit.Unit == 4;
+    };
+    run.Cancelled = [&] { return cancelled; };
+    EXPECT_EQ(PrintOutcome::Cancelled, RunPrint(UnitsToPrint(All(), LogicOf(1), {1, 1}), run).Outcome);
+    EXPECT_EQ((std::vector<int>{1, 2, 3}), printed);
 }
 
 TEST(RunPrint, IsNotCancelledOnceTheLastUnitIsPrinted) {

@@ -53,6 +53,31 @@ TEST_F(DroppedFile, IsOpened) {
     EXPECT_EQ(TextOf("txtTimerPU"), "75");
 }
 
+TEST_F(DroppedFile, IsCopiedNeverMoved) {
+    Drag({QStringLiteral("scheme.pl")});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &Files, Qt::LeftButton,
+                          Qt::ShiftModifier);
+    enter.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(Window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction) << "a source that hears of a move may delete the file";
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &Files, Qt::LeftButton,
+                    Qt::ShiftModifier);
+    drop.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(Window.get(), &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+    QApplication::processEvents();
+    EXPECT_EQ(TheEditor->Config().FilePath, PathOf("scheme.pl"));
+}
+
+TEST_F(DroppedFile, ThatMayOnlyBeMovedIsNotTaken) {
+    Drag({QStringLiteral("scheme.pl")});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::MoveAction, &Files, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(Window.get(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
+}
+
 TEST_F(DroppedFile, AsksBeforeItReplacesChanges) {
     TheEditor->EditConfig().Modified = true;
     const std::string before = TheEditor->Config().FilePath;
