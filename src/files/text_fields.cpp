@@ -36,15 +36,34 @@ NumberFault Parse(std::string_view field, Number& value) {
     return NumberFault::None;
 }
 
+/// Reads a number as nearly all fields hold it, a few digits with or without a minus right up to the comma or
+/// the end, and passes it; false for any other field.
+bool PassPlainNumber(const char*& at, const char* end, std::int32_t& value) {
+    constexpr std::ptrdiff_t mostDigits = 9; // that no 32-bit number is too small for
+    const bool negative = at != end && *at == '-';
+    const char* const digits = negative ? at + 1 : at;
+    const char* next = digits;
+    std::uint32_t read = 0;
+    for (; next != end && *next >= '0' && *next <= '9'; ++next) {
+        read = read * 10 + static_cast<std::uint32_t>(*next - '0');
+    }
+    if (next == digits || next - digits > mostDigits || (next != end && *next != ',')) {
+        return false;
+    }
+    value = negative ? -static_cast<std::int32_t>(read) : static_cast<std::int32_t>(read);
+    at = next;
+    return true;
+}
+
 } // namespace
 
 bool TextCursor::NextLine(std::string_view& line) {
     if (rest_.empty()) {
         return false;
     }
-    const std::size_t end = rest_.find('\n');
+    const std::size_t end = std::min(rest_.find('\n'), rest_.size());
     line = rest_.substr(0, end);
-    rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
+    rest_.remove_prefix(std::min(end + 1, rest_.size()));
     if (!line.empty() && line.back() == '\r') {
         line.remove_suffix(1);
     }
@@ -54,7 +73,7 @@ bool TextCursor::NextLine(std::string_view& line) {
 
 bool TextCursor::NextFilledLine(std::string_view& line) {
     while (NextLine(line)) {
-        if (!Trimmed(line).empty()) {
+        if (!line.empty() && (!IsBlank(line.front()) || !Trimmed(line).empty())) {
             return true;
         }
     }
@@ -137,18 +156,18 @@ std::size_t ReadNumbers(std::string_view line, std::span<std::int32_t> numbers) 
     const char* at = line.data();
     const char* const end = at + line.size();
     for (std::size_t count = 0; count < numbers.size(); ++count) {
-        std::from_chars_result read = std::from_chars(at, end, numbers[count]);
-        if (read.ec != std::errc{} || (read.ptr != end && *read.ptr != ',')) { // blanks, a plus, or no number
-            read.ptr = std::find(at, end, ',');
-            const std::string_view field(at, static_cast<std::size_t>(read.ptr - at));
-            if (ParseNumber(field, numbers[count]) != NumberFault::None) {
+        const char* const field = at;
+        if (!PassPlainNumber(at, end, numbers[count])) {
+            at = std::find(field, end, ',');
+            if (ParseNumber({field, static_cast<std::size_t>(at - field)}, numbers[count]) !=
+                NumberFault::None) {
                 return 0;
             }
         }
-        if (read.ptr == end) {
+        if (at == end) {
             return count + 1;
         }
-        at = read.ptr + 1;
+        ++at;
     }
     return 0;
 }

@@ -37,8 +37,8 @@ int ErrorOfNumber(NumberFault fault);
 /// early InputPastEndError; `source` names the file in the error. On failure `head` is unchanged.
 FileError ReadVdr810Head(TextCursor& text, const std::string& source, Vdr810Head& head);
 
-/// The number that inverts "TRUE" among `signalCount` signals, which is what "FALSE" is as long as nothing else
-/// tells it; 0 where 16 bits do not hold it.
+/// The number that inverts "TRUE" among `signalCount` signals, which is what "FALSE" is as long as nothing
+/// else tells it; 0 where 16 bits do not hold it.
 std::int16_t InvertedTrue(std::int32_t signalCount);
 
 /// The head of a logic, the lists counted as its header counts them.

@@ -17,6 +17,11 @@ constexpr std::size_t OwnLabelFields = 3;
 constexpr int OwnLabelFieldsStated = 2;   // the number that the box has always named
 constexpr std::size_t UsualEntries = 512; // of a list: room is made at once, for more as they come
 
+/// The place in an array of what counts from 1.
+std::size_t Index(int number) {
+    return static_cast<std::size_t>(number - 1);
+}
+
 bool IsUnitRecord(int record) {
     return record >= InputRecord && record <= DropOutRecord;
 }
@@ -227,38 +232,31 @@ std::optional<MessageBox> Vdr810SectionReader::JudgeUnitLine(std::string_view li
 }
 
 void Vdr810SectionReader::Store(int record, int number) {
-    const int slot = Unit(unit_).MapSlot;
     const std::int32_t* value = &numbers_[FieldsBeforeValues];
-    for (int g = 1; g <= config_.GroupCount; ++g) {
-        LogicGroup& group = config_.Group(g);
-        switch (record) {
-        case InputRecord:
-            group.Unit(unit_).Inputs.at(static_cast<std::size_t>(number - 1)) = *value++;
-            break;
-        case OutputMapRecord:
-            for (int bank = 1; bank <= banks_; ++bank) {
-                group.OutputMap(slot, bank) = static_cast<std::uint32_t>(*value++);
-            }
-            break;
-        case PickUpRecord:
-            group.Timer(unit_).PickUp = *value++;
-            break;
-        default:
-            group.Timer(unit_).DropOut = *value++;
-            break;
-        }
-    }
+    const auto storeInGroups = [&](const auto& place) {
+        std::for_each_n(config_.Groups.begin(), config_.GroupCount,
+                        [&](LogicGroup& group) { place(group) = *value++; });
+    };
     switch (record) {
     case InputRecord:
-        Lines().Inputs.set(static_cast<std::size_t>(number - 1));
+        storeInGroups([unit = Index(unit_), input = Index(number)](LogicGroup& group) -> UnitInput& {
+            return group.Units[unit].Inputs[input];
+        });
+        Lines().Inputs.set(Index(number));
         break;
     case OutputMapRecord:
+        std::for_each_n(config_.Groups.begin(), config_.GroupCount, [&](LogicGroup& group) {
+            std::copy_n(value, banks_, group.OutputWords.at(Index(Unit(unit_).MapSlot)).begin());
+            value += banks_;
+        });
         Lines().OutputMap = true;
         break;
     case PickUpRecord:
+        storeInGroups([this](LogicGroup& group) -> std::int32_t& { return group.Timer(unit_).PickUp; });
         Lines().PickUp = true;
         break;
     default:
+        storeInGroups([this](LogicGroup& group) -> std::int32_t& { return group.Timer(unit_).DropOut; });
         Lines().DropOut = true;
         break;
     }
