@@ -36,10 +36,10 @@ NumberFault Parse(std::string_view field, Number& value) {
     return NumberFault::None;
 }
 
-/// Reads a number as nearly all fields hold it, a few digits with or without a minus right up to the comma or
-/// the end, and passes it; false for any other field.
+/// Reads a number as nearly all fields hold it, at most nine digits after an optional minus and nothing else,
+/// and passes it; false for any other field.
 bool PassPlainNumber(const char*& at, const char* end, std::int32_t& value) {
-    constexpr std::ptrdiff_t mostDigits = 9; // that no 32-bit number is too small for
+    constexpr std::ptrdiff_t mostDigits = 9; // that every 32-bit number has room for
     const bool negative = at != end && *at == '-';
     const char* const digits = negative ? at + 1 : at;
     const char* next = digits;
