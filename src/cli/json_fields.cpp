@@ -159,7 +159,20 @@ bool JsonFields::Line(const json& value, const std::string& path, std::string& b
     return true;
 }
 
-bool JsonFields::TwoDecimals(const json& value, const std::string& path, double& number) {
+bool JsonFields::TwoDecimals(const json& value, const std::string& path, float& number) {
+    float single = 0;
+    double precise = 0;
+    if (!TwoDecimals(value, path, single, precise)) {
+        return false;
+    }
+    if (FormatFixed(single, 2) != FormatFixed(precise, 2)) {
+        return Refuse(path, "too many digits");
+    }
+    number = single;
+    return true;
+}
+
+bool JsonFields::TwoDecimals(const json& value, const std::string& path, float& single, double& precise) {
     std::string text;
     if (!Text(value, path, text)) {
         return false;
@@ -168,7 +181,10 @@ bool JsonFields::TwoDecimals(const json& value, const std::string& path, double&
     if (ParseNumber(text, read) != NumberFault::None || FormatFixed(read, 2) != text) {
         return Refuse(path, "not a number with two decimals");
     }
-    number = read;
+    if (ParseNumber(text, single) != NumberFault::None) {
+        return Refuse(path, "too many digits");
+    }
+    precise = read;
     return true;
 }
 

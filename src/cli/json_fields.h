@@ -37,8 +37,11 @@ class JsonFields {
     /// Takes a text of any length without commas and line ends, each character the byte of the same value.
     bool Line(const nlohmann::json& value, const std::string& path, std::string& bytes);
 
-    /// Takes a text that is a number with exactly two decimals, "2.30".
-    bool TwoDecimals(const nlohmann::json& value, const std::string& path, double& number);
+    /// Takes a text that is a number with exactly two decimals, "2.30", none of which single precision loses.
+    bool TwoDecimals(const nlohmann::json& value, const std::string& path, float& number);
+
+    /// Takes such a text in both precisions; digits that single precision loses are no fault.
+    bool TwoDecimals(const nlohmann::json& value, const std::string& path, float& single, double& precise);
 
     /// Notes a refusal of the value at `path`. Always false.
     bool Refuse(const std::string& path, const std::string& reason);

@@ -62,21 +62,22 @@ void ReadVdr810Header(JsonFields& fields, const json& value, Vdr810Head& head, s
     const auto whole = [&](const char* name, std::int64_t least, std::int64_t most, auto& target) {
         ReadWhole(fields, value[name], FieldPath("header", name), least, most, target);
     };
-    constexpr int leastSignals = 2;
     constexpr int mostOutputs = MapBanks * OutputsPerBank;
-    double formatNumber = 0;
     fields.Line(value["identity"], "header.identity", head.Identity);
-    fields.TwoDecimals(value["format_number"], "header.format_number", formatNumber);
-    fields.TwoDecimals(value["settings_version"], "header.settings_version", head.SettingsVersion);
-    head.FormatNumber = static_cast<float>(formatNumber);
-    head.Version = static_cast<float>(head.SettingsVersion);
-    whole("options", Int16::min(), Int16::max(), head.Options);
+    fields.TwoDecimals(value["format_number"], "header.format_number", head.FormatNumber);
+    fields.TwoDecimals(value["settings_version"], "header.settings_version", head.Version,
+                       head.SettingsVersion);
+    if (head.SettingsVersion < 0 || head.SettingsVersion > GreatestVersion) {
+        fields.Refuse("header.settings_version",
+                      "not in " + FormatFixed(0, 2) + " to " + FormatFixed(GreatestVersion, 2));
+    }
+    whole("options", 0, Int16::max(), head.Options);
     whole("group_count", 1, MaxGroups, head.Groups);
     whole("timers", 0, TimersPerGroup, head.Timers);
     whole("latches", 0, LatchesPerGroup, head.Latches);
     whole("labels", 0, Int16::max(), head.Labels);
     whole("categories", 0, Int16::max(), head.Categories);
-    whole("signals", leastSignals, Int32::max(), head.Signals);
+    whole("signals", LeastSignals, Int32::max(), head.Signals);
     whole("first_output", 0, Int16::max(), head.FirstOutput);
     whole("last_output", head.FirstOutput, std::min<int>(head.FirstOutput + mostOutputs - 1, Int16::max()),
           head.LastOutput);

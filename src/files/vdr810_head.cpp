@@ -10,9 +10,6 @@ namespace brindle {
 
 namespace {
 
-constexpr double GreatestVersion = 1000000; // a hundred times it is part of a file name
-constexpr std::int32_t LeastSignals = 2;    // a "TRUE" and what it is inverted to
-
 /// Reads the values of a head one by one until the first that fails.
 class HeadReader {
   public:

@@ -11,6 +11,9 @@
 /// described in docs/.
 namespace brindle {
 
+inline constexpr double GreatestVersion = 1000000; ///< a hundred times it is part of a file name
+inline constexpr std::int32_t LeastSignals = 2;    ///< a "TRUE" and what it is inverted to
+
 struct Vdr810Head {
     std::string Identity;
     float FormatNumber = 0;
