@@ -7,13 +7,14 @@
 #include "files/whole_file.h"
 
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
 namespace brindle {
 
 namespace {
 
-/// Far above any model (about 25 kB), and low enough to hold whatever file was named by mistake.
+/// Far above any model (some 50 kB at most), and low enough to hold whatever file was named by mistake.
 constexpr std::size_t ModelSizeLimit = 1U << 20U;
 
 } // namespace
@@ -24,6 +25,11 @@ int BuildCommand(const BuildArguments& arguments, const CommandEnvironment& envi
     std::error_code notThere;
     if (std::filesystem::equivalent(model, out, notThere)) {
         Complain(environment, out + ": is the model itself and would be lost");
+        return ExitBadArguments;
+    }
+    const std::optional<RelayKind> relayOfOut = ModelOfPath(out);
+    if (arguments.Relay && relayOfOut && *arguments.Relay != *relayOfOut) {
+        Complain(environment, out + ": its extension is not that of --model");
         return ExitBadArguments;
     }
     std::string text;
@@ -41,10 +47,10 @@ int BuildCommand(const BuildArguments& arguments, const CommandEnvironment& envi
         Complain(environment, model + ": " + refusal);
         return ExitFailed;
     }
-    const RelayKind wanted = arguments.Relay.value_or(ModelOfPath(out).value_or(config.RelayModel));
+    const RelayKind wanted = arguments.Relay.value_or(relayOfOut.value_or(config.RelayModel));
     if (wanted != config.RelayModel) {
         Complain(environment, model + ": relay_model " + std::to_string(static_cast<int>(config.RelayModel)) +
-                                  " is not that of " + out);
+                                  " is not that of " + (arguments.Relay ? "--model" : out));
         return ExitBadArguments;
     }
     error = config.RelayModel == RelayKind::Vdr812 ? WriteProgramFile(environment.Files, out, config)

@@ -19,7 +19,7 @@ struct Request {
     LogicInput Dump;
     BuildArguments Build;
     std::string CatalogueVersion = "2.30";
-    std::string OptionFile;
+    LogicInput Signals;
 };
 
 std::string VersionLine() {
@@ -33,23 +33,27 @@ constexpr const char* Footer = R"(Exit codes:
   2  bad arguments
   3  a file could not be read or written, or the model was refused)";
 
-void AddModel(CLI::App& command, std::optional<RelayKind>& model) {
+CLI::Option* AddModel(CLI::App& command, std::optional<RelayKind>& model) {
     const std::map<std::string, RelayKind> models{{"vdr812", RelayKind::Vdr812},
                                                   {"vdr810", RelayKind::Vdr810}};
-    command.add_option("--model", model, "The relay, vdr812 or vdr810; otherwise the extension tells")
+    return command.add_option("--model", model, "The relay, vdr812 or vdr810; otherwise the extension tells")
         ->transform(CLI::CheckedTransformer(models, CLI::ignore_case))
         ->type_name("MODEL")
         ->option_text("MODEL");
 }
 
-/// What every command that reads a file of either model takes.
+CLI::Option* AddPlcFolder(CLI::App& command, std::optional<std::string>& folder) {
+    return command
+        .add_option("--plc-folder", folder,
+                    "Folder of the option files of VDR810 logic; otherwise the program's")
+        ->type_name("DIR");
+}
+
+/// What every command takes that must have a file of either model.
 void AddInput(CLI::App& command, LogicInput& input) {
     command.add_option("FILE", input.File, "Program file (.pl) or logic file (.c10)")->required();
     AddModel(command, input.Model);
-    command
-        .add_option("--plc-folder", input.PlcFolder,
-                    "Folder of the option files of VDR810 logic; otherwise the program's")
-        ->type_name("DIR");
+    AddPlcFolder(command, input.PlcFolder);
 }
 
 CLI::App* AddReport(CLI::App& app, Request& request) {
@@ -87,7 +91,10 @@ CLI::App* AddBuild(CLI::App& app, Request& request) {
 
 CLI::App* AddSignals(CLI::App& app, Request& request) {
     CLI::App* signals = app.add_subcommand("signals", "List the signals that inputs can be connected to");
-    CLI::Option* file = signals->add_option("FILE", request.OptionFile, "Of this option file (.810)");
+    CLI::Option* file = signals->add_option("FILE", request.Signals.File,
+                                            "Of this option file (.810), logic file (.c10) or program (.pl)");
+    AddModel(*signals, request.Signals.Model)->needs(file);
+    AddPlcFolder(*signals, request.Signals.PlcFolder)->needs(file);
     signals->add_option("--version", request.CatalogueVersion, "Of this file version: 1.00 or 2.30")
         ->type_name("VERSION")
         ->capture_default_str()
@@ -112,7 +119,7 @@ int Dispatch(std::vector<std::string> arguments, const CommandEnvironment& envir
     const CLI::App* report = AddReport(app, request);
     const CLI::App* dump = AddDump(app, request);
     const CLI::App* build = AddBuild(app, request);
-    AddSignals(app, request);
+    const CLI::App* signals = AddSignals(app, request);
     if (!arguments.empty() && !arguments.front().starts_with('-') && !HasCommand(app, arguments.front())) {
         // The parser would only say that a command is missing.
         Complain(environment, "\"" + arguments.front() + "\" is no command (see --help)");
@@ -140,8 +147,8 @@ int Dispatch(std::vector<std::string> arguments, const CommandEnvironment& envir
     if (build->parsed()) {
         return BuildCommand(request.Build, environment);
     }
-    if (!request.OptionFile.empty()) {
-        return OptionSignalsCommand(request.OptionFile, environment);
+    if (signals->count("FILE") != 0) {
+        return FileSignalsCommand(request.Signals, environment);
     }
     return SignalsCommand(request.CatalogueVersion, environment);
 }

@@ -55,18 +55,18 @@ int DumpCommand(const LogicInput& input, const CommandEnvironment& environment);
 struct BuildArguments {
     std::string Model; ///< the JSON
     std::string Out;
-    std::optional<RelayKind>
-        Relay; ///< what the JSON must be for; without it, what the extension of `Out` tells
+    std::optional<RelayKind> Relay; ///< what the JSON must be for, and the extension of `Out` where it tells
 };
 
-/// Writes to `Out` the file that the JSON in the file `Model` describes. A model that is refused, or an `Out`
-/// that cannot be written, leaves an existing `Out` as it was.
+/// Writes to `Out` the file that the JSON in the file `Model` describes. A model that is refused or for
+/// another relay than `Out`, or an `Out` that cannot be written, leaves an existing `Out` as it was.
 int BuildCommand(const BuildArguments& arguments, const CommandEnvironment& environment);
 
 /// Writes the signal catalogue of a VDR812 file version ("1.00" or "2.30") as a table.
 int SignalsCommand(const std::string& version, const CommandEnvironment& environment);
 
-/// The same of the option file `file`.
-int OptionSignalsCommand(const std::string& file, const CommandEnvironment& environment);
+/// The same of a file: the signals that the logic of a `.pl` or `.c10` has; any other file, as long as
+/// `Model` does not say what it is, is an option file.
+int FileSignalsCommand(const LogicInput& input, const CommandEnvironment& environment);
 
 } // namespace brindle

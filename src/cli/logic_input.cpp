@@ -40,13 +40,17 @@ int ReadProgram(const CommandEnvironment& environment, const std::string& path, 
     return ExitWell;
 }
 
-/// The lines of a box, as they stand.
+/// The lines of a box. They quote the file, so control characters become blanks as in any complaint.
 void WriteLines(const CommandEnvironment& environment, std::string text) {
     text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c != '\n' && static_cast<unsigned char>(c) < ' '; },
+        ' ');
     environment.Err << text << '\n';
 }
 
-/// Gives the logic the lists of its option file.
+/// Gives the logic the lists of its option file. One that is not there is missed only by a logic whose own
+/// file names no signal.
 int ReadLists(const CommandEnvironment& environment, const std::string& plcFolder, LogicConfig& config) {
     bool found = false;
     const PlcFolder folder = ScanPlcFolder(environment.Folders, plcFolder);
@@ -57,7 +61,7 @@ int ReadLists(const CommandEnvironment& environment, const std::string& plcFolde
         ComplainOfFile(environment, path, error);
         return ExitFinding;
     }
-    if (!found && config.Lists.Empty()) {
+    if (!found && config.Lists.Labels.empty()) {
         Complain(environment, path + ": not there, so signals have no names");
         return ExitFinding;
     }

@@ -1,5 +1,7 @@
 #include "cli/commands.h"
 #include "cli/complaint.h"
+#include "cli/logic_input.h"
+#include "files/file_model.h"
 #include "files/option_file.h"
 #include "model/logic_config.h"
 #include "model/signal_catalogue.h"
@@ -71,6 +73,16 @@ void WriteTable(const SignalCatalogue& catalogue, const CommandEnvironment& envi
     }
 }
 
+int ListOptionFile(const std::string& file, const CommandEnvironment& environment) {
+    OptionFile option;
+    const FileError error = ReadOptionFile(environment.Files, file, option);
+    if (error.Failed()) {
+        return ComplainOfFile(environment, file, error);
+    }
+    WriteTable(BuildVdr810Catalogue(option.Lists), environment);
+    return ExitWell;
+}
+
 } // namespace
 
 int SignalsCommand(const std::string& version, const CommandEnvironment& environment) {
@@ -82,14 +94,16 @@ int SignalsCommand(const std::string& version, const CommandEnvironment& environ
     return ExitWell;
 }
 
-int OptionSignalsCommand(const std::string& file, const CommandEnvironment& environment) {
-    OptionFile option;
-    const FileError error = ReadOptionFile(environment.Files, file, option);
-    if (error.Failed()) {
-        return ComplainOfFile(environment, file, error);
+int FileSignalsCommand(const LogicInput& input, const CommandEnvironment& environment) {
+    if (!input.Model && !ModelOfPath(input.File)) {
+        return ListOptionFile(input.File, environment);
     }
-    WriteTable(BuildVdr810Catalogue(option.Lists), environment);
-    return ExitWell;
+    LogicConfig config;
+    const int result = ReadLogicInput(environment, input, config);
+    if (result != ExitFailed) {
+        WriteTable(BuildCatalogue(config), environment);
+    }
+    return result;
 }
 
 } // namespace brindle

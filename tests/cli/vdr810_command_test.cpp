@@ -1,4 +1,5 @@
 #include "support/command_run.h"
+#include "support/program_bytes.h"
 #include "support/vdr810_scheme.h"
 
 #include <gtest/gtest.h>
@@ -76,6 +77,40 @@ TEST(Vdr810Report, ALogicFileWithListsOfItsOwnNeedsNoOptionFileAndMakesNone) {
     EXPECT_EQ(FileType::Absent, status.Type);
 }
 
+TEST(Vdr810Report, CategoriesAloneNameNoSignal) {
+    Vdr810Run run;
+    run.ForgetOption();
+    run.Files.AddFile("/home/me/x.c10", SchemeLogicFile(2.3, 12) + "<CATEGORY INFO>\r\n5,General\r\n");
+    EXPECT_EQ(ExitFinding, run.Run({"report", "/home/me/x.c10", "--group", "1", "--unit", "T1"}));
+    EXPECT_NE(std::string::npos, run.Err.str().find("so signals have no names")) << run.Err.str();
+}
+
+TEST(Vdr810Report, CodesAreShownOnRequest) {
+    Vdr810Run run;
+    ASSERT_EQ(ExitWell, run.Run({"report", "/home/me/x.c10", "--group", "1", "--unit", "T1", "--numbers"}));
+    EXPECT_NE(std::string::npos, run.Out.str().find("T1:11 (NOT) EC -> Z1P\r\nT1:12 FF -> FALSE\r\n"))
+        << run.Out.str();
+}
+
+TEST(Vdr810Report, FourGatesOfARelayOf100AndTwoOfOneOf230) {
+    Vdr810Run run;
+    run.Files.AddFile("/opt/brindle/PLC00100_OPT00012.810", SchemeOptionFile(1, 12));
+    run.Folders.FilesOf["/opt/brindle"].emplace_back("PLC00100_OPT00012.810");
+    run.Files.AddFile("/home/me/old.c10", SchemeLogicFile(1, 12));
+    ASSERT_EQ(ExitWell, run.Run({"report", "/home/me/old.c10", "--group", "1", "--unit", "T1"}));
+    EXPECT_NE(std::string::npos, run.Out.str().find("T1 AND gate 4\r\n"));
+    EXPECT_NE(std::string::npos, run.Out.str().find("T1:21 (NOT) Z1P\r\n"));
+    ASSERT_EQ(ExitWell, run.Run({"report", "/home/me/x.c10", "--group", "1", "--unit", "T1"}));
+    EXPECT_EQ(std::string::npos, run.Out.str().find("T1 AND gate 3\r\n"));
+}
+
+TEST(Vdr810Report, AGroupAboveEightIsToldBeforeTheFileIsTouched) {
+    Vdr810Run run;
+    EXPECT_EQ(ExitBadArguments, run.Run({"report", "/home/me/x.c10", "--group", "9"}));
+    EXPECT_EQ("brindle-cli: group 9 is not in 1 to 8\n", run.Err.str());
+    EXPECT_TRUE(run.Files.Log().empty());
+}
+
 TEST(Vdr810Report, AMalformedOptionFileIsAFindingAndTheFilesOwnListsHold) {
     Vdr810Run run;
     run.Files.AddFile(ProgramsOption, "identity\r\nx\r\n");
@@ -98,6 +133,26 @@ TEST(Vdr810Report, ARefusedFilePrintsTheLinesOfItsBox) {
     EXPECT_EQ("", run.Out.str());
 }
 
+TEST(Vdr810Report, ARefusedLineBringsNoControlCharacters) {
+    Vdr810Run run;
+    run.Files.AddFile("/home/me/x.c10", SchemeLogicFile(2.3, 12) + "\x1B[31m,1\r\n");
+    EXPECT_EQ(ExitFailed, run.Run({"report", "/home/me/x.c10"}));
+    EXPECT_EQ("VDR810 File Read in Problem!\n(Unit 10 DATA  [31m)\nField 1 is not a number.\n"
+              "Array Element = 18\nAborting\n",
+              run.Err.str());
+}
+
+TEST(Vdr810Report, AHeaderThatIsNoneFailsWithItsPlace) {
+    Vdr810Run run;
+    run.Files.AddFile("/home/me/x.c10", "");
+    EXPECT_EQ(ExitFailed, run.Run({"dump", "/home/me/x.c10"}));
+    EXPECT_EQ(0U, run.Err.str().find("brindle-cli: /home/me/x.c10: ")) << run.Err.str();
+    EXPECT_NE(std::string::npos, run.Err.str().find("(error 62, read /home/me/x.c10, value 1 of the header)"))
+        << run.Err.str();
+    EXPECT_EQ(ExitFailed, run.Run({"dump", "/home/me/none.c10"}));
+    EXPECT_EQ(0U, run.Err.str().find("brindle-cli: /home/me/none.c10: File not found (error 53, "));
+}
+
 TEST(Vdr810Report, MissingUnitsAreAFinding) {
     Vdr810Run run;
     const std::string whole = SchemeLogicFile(2.3, 12);
@@ -105,6 +160,13 @@ TEST(Vdr810Report, MissingUnitsAreAFinding) {
     EXPECT_EQ(ExitFinding, run.Run({"dump", "/home/me/x.c10"}));
     EXPECT_NE(std::string::npos, run.Err.str().find("lacks lines of these units: R2, S2."));
     EXPECT_NE(std::string::npos, run.Out.str().find("\"tag\": \"R2\", \"inputs\": [255, 255"));
+}
+
+TEST(Vdr810Report, TheExtensionTellsTheModelInCapitalsToo) {
+    Vdr810Run run;
+    run.Files.AddFile("/home/me/X.C10", SchemeLogicFile(2.3, 12));
+    EXPECT_EQ(ExitWell, run.Run({"dump", "/home/me/X.C10"})) << run.Err.str();
+    EXPECT_NE(std::string::npos, run.Out.str().find("\"relay_model\": 2"));
 }
 
 TEST(Vdr810Report, TheModelCanBeNamedWhereTheExtensionSaysNothing) {
@@ -138,54 +200,24 @@ TEST(Vdr810Build, TheModelMustBeThatOfTheFile) {
     run.Files.AddFile("/home/me/x.json", run.Out.str());
     EXPECT_EQ(ExitBadArguments, run.Run({"build", "/home/me/x.json", "/home/me/y.pl"}));
     EXPECT_EQ("brindle-cli: /home/me/x.json: relay_model 2 is not that of /home/me/y.pl\n", run.Err.str());
-    EXPECT_EQ(ExitBadArguments, run.Run({"build", "/home/me/x.json", "/home/me/y.c10", "--model", "vdr812"}));
-    EXPECT_EQ(ExitWell, run.Run({"build", "/home/me/x.json", "/home/me/y.pl", "--model", "vdr810"}));
+    EXPECT_EQ(ExitBadArguments, run.Run({"build", "/home/me/x.json", "/home/me/y", "--model", "vdr812"}));
+    EXPECT_EQ("brindle-cli: /home/me/x.json: relay_model 2 is not that of --model\n", run.Err.str());
+    for (const char* out : {"/home/me/y.pl", "/home/me/Y.PL", "/home/me/y"}) {
+        EXPECT_FALSE(run.Files.Content(out).has_value()) << out;
+    }
+    EXPECT_EQ(ExitWell, run.Run({"build", "/home/me/x.json", "/home/me/y"})) << "no extension, no doubt";
+    EXPECT_EQ(ExitWell, run.Run({"build", "/home/me/x.json", "/home/me/Y.C10", "--model", "vdr810"}));
 }
 
-/// The refusal of the dump with `from` replaced by `to`.
-std::string RefusalOf(const std::string& from, const std::string& to) {
+TEST(Vdr810Build, TheModelThatIsNamedMustBeThatOfTheExtension) {
     Vdr810Run run;
-    run.Run({"dump", "/home/me/x.c10"});
-    std::string model = run.Out.str();
-    const std::size_t place = model.find(from);
-    EXPECT_NE(std::string::npos, place) << from;
-    model.replace(place, from.size(), to);
-    run.Files.AddFile("/home/me/x.json", model);
-    EXPECT_EQ(ExitFailed, run.Run({"build", "/home/me/x.json", "/home/me/y.c10"})) << to;
-    const std::string start = "brindle-cli: /home/me/x.json: ";
-    EXPECT_EQ(0U, run.Err.str().find(start)) << run.Err.str();
-    return run.Err.str().substr(start.size());
-}
-
-TEST(Vdr810Build, RefusesWhatAFileCannotHold) {
-    EXPECT_EQ("header.identity: a comma or line end, which the file has no place for\n",
-              RefusalOf("Feeder scheme", "Feeder, scheme"));
-    EXPECT_EQ("header.settings_version: not a number with two decimals\n",
-              RefusalOf("\"settings_version\": \"2.30\"", "\"settings_version\": \"2.3\""));
-    EXPECT_EQ("header.options: 40000 is not in -32768 to 32767\n",
-              RefusalOf("\"options\": 12", "\"options\": 40000"));
-    EXPECT_EQ("header.group_count: 9 is not in 1 to 8\n",
-              RefusalOf("12,\n    \"group_count\": 8", "12,\n    \"group_count\": 9"));
-    EXPECT_EQ("header.timers: 7 is not in 0 to 6\n", RefusalOf("\"timers\": 6", "\"timers\": 7"));
-    EXPECT_EQ("header.latches: -1 is not in 0 to 2\n", RefusalOf("\"latches\": 2", "\"latches\": -1"));
-    EXPECT_EQ("header.signals: 1 is not in 2 to 2147483647\n",
-              RefusalOf("\"signals\": 256", "\"signals\": 1"));
-    EXPECT_EQ("header.last_output: 129 is not in 1 to 128\n",
-              RefusalOf("\"last_output\": 20", "\"last_output\": 129"));
-    EXPECT_EQ("header.unconnected: missing\n", RefusalOf(",\n    \"unconnected\": 255", ""));
-    EXPECT_EQ("group_count: 7 is not in 8 to 8\n", RefusalOf("\"group_count\": 8", "\"group_count\": 7"));
-    EXPECT_EQ("version: not \"2.30\", as header.settings_version says\n",
-              RefusalOf("\"version\": \"2.30\"", "\"version\": \"2.31\""));
-    EXPECT_EQ("groups[0].units[0].inputs[0]: 2147483648 is not in -2147483648 to 2147483647\n",
-              RefusalOf("\"inputs\": [255", "\"inputs\": [2147483648"));
-    EXPECT_EQ("groups[0].output_map[0][2]: 1 is not in 0 to 0\n",
-              RefusalOf("[0, 32768, 0, 0, 0", "[0, 32768, 1, 0, 0"));
-    EXPECT_EQ("relay_model: 3 is not in 1 to 2\n", RefusalOf("\"relay_model\": 2", "\"relay_model\": 3"));
-}
-
-TEST(Vdr810Build, RefusesLogicForUnitsThatTheRelayLacks) {
-    EXPECT_EQ("groups[0].units[0]: not empty, and the header promises no such unit\n",
-              RefusalOf("\"timers\": 6", "\"timers\": 0"));
+    const std::vector<std::pair<std::string, std::string>> contradictions{{"/home/me/y.pl", "vdr810"},
+                                                                          {"/home/me/y.c10", "vdr812"}};
+    for (const auto& [out, model] : contradictions) {
+        EXPECT_EQ(ExitBadArguments, run.Run({"build", "/home/me/x.json", out, "--model", model})) << out;
+        EXPECT_EQ("brindle-cli: " + out + ": its extension is not that of --model\n", run.Err.str());
+    }
+    EXPECT_TRUE(run.Files.Log().empty()) << "told before a file is touched";
 }
 
 TEST(Vdr810Signals, ListsAnOptionFile) {
@@ -197,9 +229,59 @@ TEST(Vdr810Signals, ListsAnOptionFile) {
     EXPECT_NE(std::string::npos, run.Out.str().find("     8    42  IN3          9 Inputs   yes      no\n"));
 }
 
+TEST(Vdr810Signals, ListsWhatALogicFileCanUse) {
+    Vdr810Run run;
+    ASSERT_EQ(ExitWell, run.Run({"signals", ProgramsOption}));
+    const std::string table = run.Out.str();
+    EXPECT_EQ(ExitWell, run.Run({"signals", "/home/me/x.c10"})) << run.Err.str();
+    EXPECT_EQ(table, run.Out.str());
+    run.ForgetOption();
+    EXPECT_EQ(ExitFinding, run.Run({"signals", "/home/me/x.c10"}));
+    EXPECT_EQ("Number  Code  Name  Category  Enabled  Visible\n", run.Out.str());
+    run.Files.AddFolder("/plc");
+    run.PutOption("/plc");
+    run.Files.AddFile("/home/me/x.txt", SchemeLogicFile(2.3, 12));
+    EXPECT_EQ(ExitWell, run.Run({"signals", "/home/me/x.txt", "--model", "vdr810", "--plc-folder", "/plc"}));
+    EXPECT_EQ(table, run.Out.str());
+}
+
+TEST(Vdr810Signals, OfAProgramFileAreThoseOfItsVersion) {
+    Vdr810Run run;
+    run.Files.AddFile("/home/me/x.pl", NewProgramBytes(Version100));
+    ASSERT_EQ(ExitWell, run.Run({"signals", "--version", "1.00"}));
+    const std::string table = run.Out.str();
+    EXPECT_EQ(ExitWell, run.Run({"signals", "/home/me/x.pl"}));
+    EXPECT_EQ(table, run.Out.str());
+}
+
+TEST(Vdr810Signals, ColumnsAreAlignedWhateverTheNames) {
+    Vdr810Run run;
+    LogicConfig lists = SchemeLists(2.3, 12);
+    lists.Lists.Labels[3].Name = "\xDC"
+                                 "BERLAST";      // a letter of two bytes where it is shown
+    lists.Lists.Categories[1].Name = "Zone\x96"; // a dash of three
+    run.Files.AddFile(ProgramsOption, EncodeOptionFile(lists));
+    ASSERT_EQ(ExitWell, run.Run({"signals", ProgramsOption}));
+    EXPECT_NE(std::string::npos,
+              run.Out.str().find("     3    20  \u00DCBERLAST     6 Zone\u2013    yes      yes\n"))
+        << run.Out.str();
+}
+
+TEST(Vdr810Signals, ACategoryThatNobodyNamesIsItsNumber) {
+    Vdr810Run run;
+    LogicConfig lists = SchemeLists(2.3, 12);
+    lists.Lists.Labels[3].Category = 77;
+    run.Files.AddFile(ProgramsOption, EncodeOptionFile(lists));
+    ASSERT_EQ(ExitWell, run.Run({"signals", ProgramsOption}));
+    EXPECT_NE(std::string::npos, run.Out.str().find("  Z1P          77         yes      yes\n"))
+        << run.Out.str();
+}
+
 TEST(Vdr810Signals, ComplainsOfAMalformedOptionFileAndOfTwoWishesAtOnce) {
     Vdr810Run run;
     EXPECT_EQ(ExitBadArguments, run.Run({"signals", ProgramsOption, "--version", "1.00"}));
+    EXPECT_EQ(ExitBadArguments, run.Run({"signals", "--model", "vdr810"}));
+    EXPECT_EQ(ExitBadArguments, run.Run({"signals", "--plc-folder", "/plc"}));
     run.Files.AddFile(ProgramsOption, "");
     EXPECT_EQ(ExitFailed, run.Run({"signals", ProgramsOption}));
     EXPECT_EQ(0U, run.Err.str().find("brindle-cli: " + std::string(ProgramsOption) + ": "));
