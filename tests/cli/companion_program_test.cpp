@@ -1,4 +1,6 @@
+#include "platform/paths.h"
 #include "support/command_run.h"
+#include "support/example_files.h"
 #include "support/program_bytes.h"
 #include "support/temp_folder.h"
 
@@ -55,6 +57,33 @@ TEST_F(CompanionProgram, BuildsAndDumpsTheSameFileBothWays) {
     EXPECT_EQ(NewProgramBytes(Version100), Folder.Content("y.pl"));
     ASSERT_EQ(ExitWell, Run("dump y.pl >y.json"));
     EXPECT_EQ(Folder.Content("x.json"), Folder.Content("y.json"));
+}
+
+TEST_F(CompanionProgram, TakesTheOptionFileFromTheFolderThatIsNamedAndMakesNone) {
+    const std::string option = "PLC00230_OPT00012.810";
+    Folder.Put("x.c10", ExampleContent("two_breakers.c10"));
+    std::filesystem::create_directory(Folder.Path("plc"));
+    EXPECT_EQ(ExitFinding, Run("report x.c10 --unit T1 --group 1 --plc-folder plc >out 2>err"));
+    EXPECT_EQ("brindle-cli: plc/" + option + ": not there, so signals have no names\n",
+              Folder.Content("err"));
+    EXPECT_TRUE(std::filesystem::is_empty(Folder.Path("plc")));
+    Folder.Put("plc/" + option, ExampleContent(option));
+    EXPECT_EQ(ExitWell, Run("report x.c10 --unit T1 --group 1 --plc-folder plc/ >out 2>err"));
+    EXPECT_EQ("", Folder.Content("err"));
+    EXPECT_NE(std::string::npos,
+              Folder.Content("out").find("T1:11 BF A INITIATE\r\nT1:12 (NOT) BKR A OPEN\r\n"));
+}
+
+TEST_F(CompanionProgram, LooksForOptionFilesBesideItself) {
+    std::string file = ExampleContent("two_breakers.c10");
+    const std::string options = "\r\n 12\r\n";
+    file.replace(file.find(options), options.size(), "\r\n 9123\r\n"); // of which nobody has put one there
+    Folder.Put("x.c10", file);
+    ASSERT_EQ(ExitFinding, Run("dump x.c10 >out 2>err"));
+    const std::string folder = std::filesystem::path(BRINDLE_CLI).parent_path().string();
+    EXPECT_EQ("brindle-cli: " + JoinPath(folder, "PLC00230_OPT09123.810") +
+                  ": not there, so signals have no names\n",
+              Folder.Content("err"));
 }
 
 TEST_F(CompanionProgram, GivesEachExitCode) {
