@@ -2,7 +2,7 @@
 #include "cli/complaint.h"
 #include "cli/logic_input.h"
 #include "editor/gate_rows.h"
-#include "platform/ascii_letters.h"
+#include "platform/ascii.h"
 #include "platform/paths.h"
 #include "report/logic_report.h"
 

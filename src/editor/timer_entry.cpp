@@ -1,5 +1,7 @@
 #include "editor/timer_entry.h"
 
+#include "platform/ascii.h"
+
 #include <array>
 #include <charconv>
 
@@ -26,10 +28,6 @@ std::string_view WithoutSurroundingBlanks(std::string_view text) {
         }
     }
     return text;
-}
-
-bool IsDigit(char character) {
-    return character >= '0' && character <= '9';
 }
 
 MessageBox Notice(const std::string& text) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/logic_config.h"
-#include "platform/ascii_letters.h"
+#include "platform/ascii.h"
 #include "platform/paths.h"
 
 #include <optional>

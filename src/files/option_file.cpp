@@ -3,7 +3,7 @@
 #include "files/text_fields.h"
 #include "files/vdr810_sections.h"
 #include "files/whole_file.h"
-#include "platform/ascii_letters.h"
+#include "platform/ascii.h"
 #include "platform/paths.h"
 
 #include <algorithm>

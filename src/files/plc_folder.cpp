@@ -4,7 +4,7 @@
 #include "files/text_fields.h"
 #include "files/whole_file.h"
 #include "model/number_text.h"
-#include "platform/ascii_letters.h"
+#include "platform/ascii.h"
 #include "platform/paths.h"
 
 #include <algorithm>
@@ -20,10 +20,6 @@ constexpr std::string_view NamePattern = "PLC#####_OPT#####.810"; // # is a digi
 constexpr std::size_t VersionPlace = 3;
 constexpr std::size_t OptionsPlace = 12;
 constexpr std::size_t DigitCount = 5;
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 bool IsOptionFileName(std::string_view name) {
     return std::equal(

@@ -4,6 +4,7 @@
 #include "files/vdr810_refusal.h"
 #include "files/vdr810_sections.h"
 #include "model/output_map.h"
+#include "platform/ascii.h"
 
 #include <algorithm>
 #include <utility>
@@ -24,10 +25,6 @@ std::size_t Index(int number) {
 
 bool IsUnitRecord(int record) {
     return record >= InputRecord && record <= DropOutRecord;
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 bool IsInput(int number) {

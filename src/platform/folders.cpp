@@ -1,6 +1,6 @@
 #include "platform/folders.h"
 
-#include "platform/ascii_letters.h"
+#include "platform/ascii.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "platform/paths.h"
 
-#include "platform/ascii_letters.h"
+#include "platform/ascii.h"
 
 namespace brindle {
 

@@ -7,4 +7,9 @@ constexpr char UpperLetter(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
+/// Whether a byte is a decimal digit, whatever the locale.
+constexpr bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
 } // namespace brindle
