@@ -151,7 +151,10 @@ RC_GTEST_PROP(ReadNumbers, IsAParseOfEachField, (const std::vector<std::int32_t>
     std::string line;
     for (const std::int32_t value : values) {
         const std::string blanks(*rc::gen::inRange<std::size_t>(0, 2), ' ');
-        line += (line.empty() ? "" : ",") + blanks + std::to_string(value) + blanks;
+        line += line.empty() ? "" : ",";
+        line += blanks;
+        line += std::to_string(value);
+        line += blanks;
     }
     std::vector<std::int32_t> numbers(values.size());
     RC_ASSERT(ReadNumbers(line, numbers) == values.size());
