@@ -84,7 +84,7 @@ int main(int argc, char** argv) {
         CopyGroup(editor.EditConfig(), 1, group);
     }
     QCoreApplication::processEvents();
-    const std::vector<UnitPlace> units = UnitsToPrint({PrintScope::EveryGroup, {}}, MaxGroups, {1, 1});
+    const std::vector<UnitPlace> units = UnitsToPrint({PrintScope::EveryGroup, {}}, editor.Config(), {1, 1});
     const std::string path = folder.filePath(QStringLiteral("report.txt")).toStdString();
     const FileSystem disk = RealFileSystem();
     const std::string ready =
