@@ -23,6 +23,7 @@ EditorSurroundings RealSurroundings(const std::string& programFolder, std::funct
     surroundings.ProgramMinor = ProgramMinor;
     surroundings.ProgramRevision = ProgramRevision;
     surroundings.Files = RealFileSystem();
+    surroundings.Locks = RealFileLocks();
     surroundings.Profile = SystemProfile(surroundings.Files);
     surroundings.Folders = RealFolders();
     surroundings.ShowMessageBox = [owner](const MessageBox& box) { return ShowQtMessageBox(owner(), box); };

@@ -11,7 +11,8 @@ Editor::Editor(EditorSurroundings surroundings)
     : surroundings_(std::move(surroundings)), settings_(surroundings_.ProgramFolder, surroundings_.Profile,
                                                         surroundings_.Files, surroundings_.ShowMessageBox),
       recentFiles_(surroundings_.ProgramFolder, surroundings_.Profile, surroundings_.Files,
-                   surroundings_.ShowMessageBox) {}
+                   surroundings_.ShowMessageBox),
+      recovery_(surroundings_.ProgramFolder, surroundings_.Files, surroundings_.Locks) {}
 
 std::string Editor::Title() const {
     const std::string model = config_.RelayModel == RelayKind::Vdr812 ? "VDR812" : "VDR810";
@@ -47,6 +48,11 @@ void Editor::ShowFirstUnit() {
 }
 
 void Editor::ShowNewLogic() {
+    if (notSaved_) {
+        recovery_.SetAside(*notSaved_);
+        notSaved_.reset();
+    }
+    recovery_.Rest(RecoveryLogic(config_));
     listsHereAlone_ = false;
     neverSaved_ = false;
     RebuildCatalogue();

@@ -14,6 +14,7 @@
 #include "model/signal_catalogue.h"
 #include "platform/browser.h"
 #include "platform/file_dialog.h"
+#include "platform/file_lock.h"
 #include "platform/file_system.h"
 #include "platform/folders.h"
 #include "platform/message_box.h"
@@ -21,6 +22,7 @@
 #include "settings/file_command.h"
 #include "settings/profile.h"
 #include "settings/recent_files.h"
+#include "settings/recovery_keeper.h"
 #include "settings/settings_file.h"
 #include "settings/vdr810_options.h"
 #include "settings/web_links.h"
@@ -69,6 +71,7 @@ struct EditorSurroundings {
     int ProgramRevision = 0;
     std::string CommandLine; ///< absolute path of the file to open at start; empty for none
     FileSystem Files;
+    FileLocks Locks; ///< none: no recovery copies are kept
     ProfileFunctions Profile;
     FolderFunctions Folders;
     brindle::ShowMessageBox ShowMessageBox;
@@ -101,8 +104,8 @@ class Editor {
 
     /// Before the window is loaded: stored settings of another program version are dropped.
     void Form_Initialize();
-    /// Makes a new 2.30 logic, finds the home directory, places the window, shows group 1, timer 1, and opens
-    /// the file of the command line.
+    /// Makes a new 2.30 logic, finds the home directory, places the window, shows group 1, timer 1, offers
+    /// unsaved work that a crash left, and opens the file of the command line.
     void Form_Load();
     /// The window became active: the shown unit is drawn anew; the selected input stays.
     void Form_Activate();
@@ -110,6 +113,9 @@ class Editor {
     void Form_Unload();
     /// The window has closed: offers to save what Exit did not ask about.
     void Form_Terminate();
+
+    /// To be called about once a second: keeps a copy of unsaved work, which a crash then does not lose.
+    void KeepRecoveryCopy() { recovery_.Tick(WorkNow()); }
 
     // File commands.
 
@@ -274,6 +280,11 @@ class Editor {
     [[nodiscard]] std::optional<ChosenFile> ChooseFileToOpen();
     /// The file at a path that no dialog chose; its model follows its extension.
     [[nodiscard]] static ChosenFile FileOfPath(const std::string& path);
+    /// Offers the copies of unsaved work that earlier runs left.
+    void OfferRecovery();
+    void ShowRecovered(const LeftCopy& left);
+    /// The work as a recovery copy holds it.
+    [[nodiscard]] RecoveryCopy WorkNow() const;
     /// Asks if there are changes; false when the user cancelled.
     [[nodiscard]] bool MayDiscard(DiscardingCommand command);
     /// Writes the logic to its file path and, when that went well, takes it as saved.
@@ -294,6 +305,9 @@ class Editor {
     EditorWindow window_;
     SettingsFile settings_;
     RecentFileList recentFiles_;
+    RecoveryKeeper recovery_;
+    /// Work that the user wanted saved before it is discarded, and that could not be.
+    std::optional<RecoveryCopy> notSaved_;
     LogicConfig config_;
     SignalCatalogue catalogue_;
     PlcFolder plcFolder_;

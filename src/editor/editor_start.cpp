@@ -35,6 +35,8 @@ void Editor::Form_Load() {
     NameNewFile();
     ShowFirstUnit();
     config_.Modified = false;
+    recovery_.Rest(RecoveryLogic(config_));
+    OfferRecovery();
 
     if (!surroundings_.CommandLine.empty()) {
         const FileNameParts parts = Get_File_Name_Parts(surroundings_.CommandLine);
@@ -49,14 +51,17 @@ void Editor::Form_Unload() {
 }
 
 void Editor::Form_Terminate() {
-    if (config_.Modified &&
-        surroundings_.ShowMessageBox(SavePrompt(DiscardingCommand::WindowEnd)) == MessageAnswer::Yes) {
-        mnuSaveBin_Click();
+    if (config_.Modified && MayDiscard(DiscardingCommand::WindowEnd) && notSaved_) {
+        recovery_.SetAside(*notSaved_);
     }
+    recovery_.Close();
 }
 
 void Editor::mnuExit_Click() {
     if (MayDiscard(DiscardingCommand::Exit)) {
+        if (notSaved_) {
+            recovery_.SetAside(*notSaved_);
+        }
         config_.Modified = false;
         window_.Unload();
     }

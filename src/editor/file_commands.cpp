@@ -31,12 +31,16 @@ MessageBox OtherModelNotice(RelayKind model) {
 } // namespace
 
 bool Editor::MayDiscard(DiscardingCommand command) {
+    notSaved_.reset();
     if (!config_.Modified) {
         return true;
     }
     const MessageAnswer answer = surroundings_.ShowMessageBox(SavePrompt(command));
     if (answer == MessageAnswer::Yes) {
         mnuSaveBin_Click();
+        if (config_.Modified) { // the command goes on all the same
+            notSaved_ = WorkNow();
+        }
     }
     return answer == MessageAnswer::Yes || answer == MessageAnswer::No;
 }
@@ -157,6 +161,7 @@ void Editor::WriteLogic() {
     if (RunFileCommand({write}, SaveFailedText, surroundings_.ShowMessageBox) == FileOutcome::Done) {
         config_.Modified = false;
         neverSaved_ = false;
+        recovery_.Rest(RecoveryLogic(config_));
         EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
     }
 }

@@ -288,6 +288,10 @@ void formPLG::LoadAndShow() {
     diagram_->FocusInput(editor_.Shown().Input);
     setWindowState(restoredState_);
     show();
+    auto* everySecond = new QTimer(this);
+    everySecond->setObjectName(QStringLiteral("tmrRecovery"));
+    connect(everySecond, &QTimer::timeout, this, [this] { editor_.KeepRecoveryCopy(); });
+    everySecond->start(std::chrono::seconds(1));
 }
 
 bool formPLG::event(QEvent* event) {

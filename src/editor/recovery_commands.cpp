@@ -1,0 +1,52 @@
+#include "editor/editor.h"
+#include "files/option_file.h"
+
+/// Unsaved work that survives the end of the program.
+namespace brindle {
+
+namespace {
+
+MessageBox RecoveryQuestion(const RecoveryCopy& copy) {
+    const std::string work = copy.NeverSaved ? "A new file" : "Changes to the file " + copy.Path;
+    return {work + " had not been saved when the program ended.  A copy of the work was kept on " +
+                copy.KeptAt +
+                ".\r\nSelect Yes to go on with it, No to throw it away, Cancel to be asked again at the next "
+                "start.",
+            MessageIcon::Exclamation, MessageButtons::YesNoCancel};
+}
+
+} // namespace
+
+RecoveryCopy Editor::WorkNow() const {
+    return {config_.FilePath, config_.FileTitle, neverSaved_,
+            surroundings_.Date() + " " + surroundings_.Time(), RecoveryLogic(config_)};
+}
+
+void Editor::OfferRecovery() {
+    while (const std::optional<LeftCopy> left = recovery_.NextLeft()) {
+        switch (surroundings_.ShowMessageBox(RecoveryQuestion(left->Copy))) {
+        case MessageAnswer::Yes:
+            ShowRecovered(*left);
+            return;
+        case MessageAnswer::No:
+            recovery_.Discard();
+            break;
+        default:
+            recovery_.PassOver();
+        }
+    }
+}
+
+void Editor::ShowRecovered(const LeftCopy& left) {
+    config_ = left.Logic;
+    ShowNewLogic();
+    config_.Modified = true;
+    neverSaved_ = left.Copy.NeverSaved;
+    listsHereAlone_ = !config_.Lists.Empty() &&
+                      plcFolder_.Find(config_.Vdr810.SettingsVersion, config_.Vdr810.Options) == nullptr;
+    window_.ShowTitle();
+    RefreshIdentity();
+    recovery_.Adopt();
+}
+
+} // namespace brindle

@@ -1,0 +1,142 @@
+#include "files/recovery_copy.h"
+
+#include "files/option_file.h"
+#include "files/program_file.h"
+#include "files/vdr810_reader.h"
+#include "files/vdr810_writer.h"
+
+#include <charconv>
+#include <optional>
+
+namespace brindle {
+
+namespace {
+
+constexpr std::string_view FirstLine = "Brindle recovery copy 1";
+
+std::string Block(const char* name, std::string_view bytes) {
+    return std::string(name) + "=" + std::to_string(bytes.size()) + "\n" + std::string(bytes) + "\n";
+}
+
+/// Takes the lines and blocks of a copy off its bytes, one after the other.
+class Parts {
+  public:
+    explicit Parts(std::string_view bytes) : rest_(bytes) {}
+
+    [[nodiscard]] std::string_view Rest() const { return rest_; }
+
+    bool TakeLine(std::string_view expected) {
+        std::string_view line;
+        return NextLine(line) && line == expected;
+    }
+
+    bool TakeText(std::string_view name, std::string_view& text) {
+        std::string_view line;
+        if (!NextLine(line) || !line.starts_with(name) || line.substr(name.size(), 1) != "=") {
+            return false;
+        }
+        text = line.substr(name.size() + 1);
+        return true;
+    }
+
+    bool TakeBlock(std::string_view name, std::string_view& block) {
+        std::string_view text;
+        std::size_t size = 0;
+        if (!TakeText(name, text)) {
+            return false;
+        }
+        const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), size);
+        if (error != std::errc{} || stop != text.data() + text.size() || size >= rest_.size()) {
+            return false;
+        }
+        block = rest_.substr(0, size);
+        rest_.remove_prefix(size);
+        return TakeLine("");
+    }
+
+  private:
+    bool NextLine(std::string_view& line) {
+        const std::size_t end = rest_.find('\n');
+        if (end == std::string_view::npos) {
+            return false;
+        }
+        line = rest_.substr(0, end);
+        rest_.remove_prefix(end + 1);
+        return true;
+    }
+
+    std::string_view rest_;
+};
+
+std::optional<LogicConfig> DecodeVdr812Logic(std::string_view logic) {
+    Parts parts(logic);
+    std::string_view program;
+    if (!parts.TakeBlock("logic", program) || program.size() != ProgramFileSize || !parts.Rest().empty()) {
+        return {};
+    }
+    LogicConfig config;
+    DecodeProgram(program, config);
+    return config;
+}
+
+std::optional<LogicConfig> DecodeVdr810Logic(std::string_view logic) {
+    Parts parts(logic);
+    std::string_view text;
+    std::string_view lists;
+    OptionFile option;
+    LogicConfig config;
+    const bool read = parts.TakeBlock("text", text) && parts.TakeBlock("option", lists) &&
+                      parts.Rest().empty() && !DecodeOptionFile(lists, "recovery copy", option).Failed() &&
+                      DecodeVdr810(text, "recovery copy", config).Done();
+    if (!read || TakeLists(config, option, "recovery copy").Failed()) {
+        return {};
+    }
+    return config;
+}
+
+} // namespace
+
+std::string RecoveryLogic(const LogicConfig& config) {
+    if (config.RelayModel == RelayKind::Vdr810) {
+        return Block("text", EncodeVdr810(config)) + Block("option", EncodeOptionFile(config));
+    }
+    ProgramImage image{};
+    return EncodeProgram(config, image).Failed() ? "" : Block("logic", {image.data(), image.size()});
+}
+
+std::string EncodeRecoveryCopy(const RecoveryCopy& copy) {
+    return std::string(FirstLine) + "\nnew=" + (copy.NeverSaved ? "yes" : "no") + "\n" +
+           Block("kept", copy.KeptAt) + Block("path", copy.Path) + Block("title", copy.Title) + copy.Logic;
+}
+
+bool DecodeRecoveryCopy(std::string_view bytes, RecoveryCopy& copy, LogicConfig& config) {
+    Parts parts(bytes);
+    RecoveryCopy read;
+    std::string_view neverSaved;
+    std::string_view keptAt;
+    std::string_view path;
+    std::string_view title;
+    const bool whole = parts.TakeLine(FirstLine) && parts.TakeText("new", neverSaved) &&
+                       (neverSaved == "yes" || neverSaved == "no") && parts.TakeBlock("kept", keptAt) &&
+                       parts.TakeBlock("path", path) && parts.TakeBlock("title", title);
+    if (!whole) {
+        return false;
+    }
+    read.NeverSaved = neverSaved == "yes";
+    read.KeptAt = keptAt;
+    read.Path = path;
+    read.Title = title;
+    read.Logic = parts.Rest();
+    std::optional<LogicConfig> logic =
+        read.Logic.starts_with("text=") ? DecodeVdr810Logic(read.Logic) : DecodeVdr812Logic(read.Logic);
+    if (!logic) {
+        return false;
+    }
+    config = *logic;
+    config.FilePath = read.Path;
+    config.FileTitle = read.Title;
+    copy = read;
+    return true;
+}
+
+} // namespace brindle

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "model/logic_config.h"
+
+#include <string>
+#include <string_view>
+
+/// A copy of a logic that is being edited, from which it can be brought back after a crash. The file is ours
+/// alone:
+///
+///     Brindle recovery copy 1
+///     new=no
+///     kept=16
+///     21.11.2026 14:02
+///     path=18
+///     /home/me/scheme.pl
+///     title=9
+///     scheme.pl
+///     logic=2048
+///     ...
+///
+/// "new=yes" is a logic that was never saved under its name. After each of the others a count of bytes, the
+/// bytes and a line end follow, so that they may be any: when the copy was written, for the user to read;
+/// path and name of the file that the logic is of; its bytes. A VDR810's logic stands as "text" and is
+/// followed by "option", its option file, which has the lists of signals. Lines end in LF.
+namespace brindle {
+
+struct RecoveryCopy {
+    std::string Path;
+    std::string Title;
+    bool NeverSaved = false;
+    std::string KeptAt;
+    std::string Logic; ///< as RecoveryLogic makes it
+};
+
+/// The part of a copy that is the logic: equal for logics that files hold as equal. Empty for a logic that no
+/// file can hold.
+std::string RecoveryLogic(const LogicConfig& config);
+
+std::string EncodeRecoveryCopy(const RecoveryCopy& copy);
+
+/// Reads a copy and its logic, with path and title. False, and nothing changed, for anything that
+/// EncodeRecoveryCopy does not make of a logic.
+bool DecodeRecoveryCopy(std::string_view bytes, RecoveryCopy& copy, LogicConfig& config);
+
+} // namespace brindle

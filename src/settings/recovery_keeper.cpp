@@ -1,0 +1,147 @@
+#include "settings/recovery_keeper.h"
+
+#include "files/whole_file.h"
+#include "platform/paths.h"
+
+#include <utility>
+
+namespace brindle {
+
+namespace {
+
+constexpr int GreatestNumber = 20; // programs that run, and copies left, in one folder
+constexpr int LongestWait = 3;     // calls
+
+} // namespace
+
+RecoveryKeeper::RecoveryKeeper(std::string folder, FileSystem files, FileLocks locks)
+    : folder_(std::move(folder)), files_(std::move(files)), locks_(std::move(locks)) {}
+
+std::string RecoveryKeeper::PathOf(int number, const char* ending) const {
+    return JoinPath(folder_, "Recovery" + std::to_string(number) + ending);
+}
+
+bool RecoveryKeeper::HasCopy(int number) const {
+    FileStatus status;
+    // What cannot be looked at may be one.
+    return files_.Status(PathOf(number, ".brindle"), status).Failed() || status.Type != FileType::Absent;
+}
+
+bool RecoveryKeeper::TakeNumber(int number) {
+    const FileHandle lock = locks_.Take(PathOf(number, ".lock"));
+    if (lock == NoLock) {
+        return false;
+    }
+    lock_ = lock;
+    number_ = number;
+    return true;
+}
+
+void RecoveryKeeper::GiveUpNumber() {
+    if (number_ != 0) {
+        locks_.Release(lock_, PathOf(number_, ".lock"));
+    }
+    number_ = 0;
+    lock_ = NoLock;
+    kept_.clear();
+}
+
+std::optional<LeftCopy> RecoveryKeeper::NextLeft() {
+    while (locks_.Take && looked_ < GreatestNumber) {
+        ++looked_;
+        if (!HasCopy(looked_) || !TakeNumber(looked_)) {
+            continue;
+        }
+        std::string bytes;
+        LeftCopy left;
+        if (!ReadWholeText(files_, PathOf(looked_, ".brindle"), bytes).Failed() &&
+            DecodeRecoveryCopy(bytes, left.Copy, left.Logic)) {
+            kept_ = left.Copy.Logic;
+            return left;
+        }
+        GiveUpNumber();
+    }
+    return {};
+}
+
+void RecoveryKeeper::Adopt() {
+    rest_.reset();
+    looked_ = GreatestNumber; // one logic is open at a time; what else was left is for another start
+}
+
+void RecoveryKeeper::Discard() {
+    RemoveCopy();
+    GiveUpNumber();
+}
+
+void RecoveryKeeper::PassOver() {
+    GiveUpNumber();
+}
+
+void RecoveryKeeper::Rest(const std::string& logic) {
+    rest_ = logic;
+}
+
+/// A number that is neither another running program's nor that of a copy left.
+bool RecoveryKeeper::OwnNumber() {
+    for (int number = 1; number_ == 0 && number <= GreatestNumber; ++number) {
+        if (TakeNumber(number) && HasCopy(number)) {
+            GiveUpNumber();
+        }
+    }
+    return number_ != 0;
+}
+
+void RecoveryKeeper::Keep(const RecoveryCopy& work) {
+    if (OwnNumber() &&
+        !ReplaceWholeFile(files_, PathOf(number_, ".brindle"), EncodeRecoveryCopy(work)).Failed()) {
+        kept_ = work.Logic;
+    }
+    waited_ = 0;
+    seen_.clear(); // after a failure, not at every call
+}
+
+void RecoveryKeeper::RemoveCopy() {
+    if (!kept_.empty()) {
+        files_.Remove(PathOf(number_, ".brindle"));
+        kept_.clear();
+    }
+}
+
+void RecoveryKeeper::Tick(const RecoveryCopy& work) {
+    if (!locks_.Take || work.Logic.empty()) {
+        return;
+    }
+    if (work.Logic == rest_) {
+        RemoveCopy();
+        waited_ = 0;
+        return;
+    }
+    if (work.Logic == kept_) {
+        waited_ = 0;
+        return;
+    }
+    ++waited_;
+    if (work.Logic == seen_ || waited_ >= LongestWait) {
+        Keep(work);
+        return;
+    }
+    seen_ = work.Logic;
+}
+
+void RecoveryKeeper::SetAside(const RecoveryCopy& work) {
+    if (!locks_.Take || work.Logic.empty()) {
+        return;
+    }
+    if (work.Logic != kept_) {
+        Keep(work);
+    }
+    GiveUpNumber();
+}
+
+void RecoveryKeeper::Close() {
+    RemoveCopy();
+    GiveUpNumber();
+}
+
+} // namespace brindle

@@ -1,0 +1,108 @@
+#include "files/recovery_copy.h"
+#include "support/example_files.h"
+#include "support/program_bytes.h"
+#include "support/vdr810_scheme.h"
+#include "support/vdr810_text.h"
+
+#include <gtest/gtest.h>
+
+namespace brindle {
+namespace {
+
+RecoveryCopy CopyOf(const LogicConfig& config) {
+    return {"/home/me/a\nb=1.pl", "a\nb=1.pl", true, "5/4/2001 10:12", RecoveryLogic(config)};
+}
+
+LogicConfig Vdr812Logic() {
+    LogicConfig config;
+    DecodeProgram(ExampleContent("pilot_supervision.pl"), config);
+    return config;
+}
+
+LogicConfig Vdr810Logic() {
+    LogicConfig config = SchemeLists(2.3, 12, 3);
+    std::erase_if(config.Lists.Labels, [](const Vdr810Label& label) { return label.Name == FalseName; });
+    config.Coding.FalseCode = 77; // no label tells another
+    config.Group(3).Unit(10).Inputs[15] = 236;
+    config.Group(1).Timer(6) = {1, 600000};
+    config.Group(2).OutputMap(8, 2) = 0x8001;
+    return config;
+}
+
+TEST(RecoveryCopy, AVdr812LogicComesBackWholeWithItsFile) {
+    const LogicConfig config = Vdr812Logic();
+    RecoveryCopy copy;
+    LogicConfig read;
+    ASSERT_TRUE(DecodeRecoveryCopy(EncodeRecoveryCopy(CopyOf(config)), copy, read));
+    EXPECT_EQ("/home/me/a\nb=1.pl", read.FilePath);
+    EXPECT_EQ("a\nb=1.pl", read.FileTitle);
+    EXPECT_TRUE(copy.NeverSaved);
+    EXPECT_EQ("5/4/2001 10:12", copy.KeptAt);
+    EXPECT_EQ(config.Header, read.Header);
+    EXPECT_EQ(config.Groups, read.Groups);
+    EXPECT_EQ(config.LastOutput, read.LastOutput);
+}
+
+TEST(RecoveryCopy, AVdr810LogicComesBackWithItsSignals) {
+    const LogicConfig config = Vdr810Logic();
+    RecoveryCopy copy;
+    LogicConfig read;
+    ASSERT_TRUE(DecodeRecoveryCopy(EncodeRecoveryCopy(CopyOf(config)), copy, read));
+    EXPECT_TRUE(SameVdr810(config, read));
+    EXPECT_EQ(77, read.Coding.FalseCode);
+}
+
+TEST(RecoveryCopy, ACopyReadAndWrittenIsTheSameByteForByte) {
+    for (const LogicConfig& config : {Vdr812Logic(), Vdr810Logic()}) {
+        const std::string bytes = EncodeRecoveryCopy(CopyOf(config));
+        RecoveryCopy copy;
+        LogicConfig read;
+        ASSERT_TRUE(DecodeRecoveryCopy(bytes, copy, read));
+        EXPECT_EQ(bytes, EncodeRecoveryCopy(copy));
+        EXPECT_EQ(copy.Logic, RecoveryLogic(read));
+    }
+}
+
+TEST(RecoveryCopy, EveryEditChangesTheLogicOfACopy) {
+    LogicConfig config = Vdr812Logic();
+    const std::string before = RecoveryLogic(config);
+    config.Group(8).Timer(6).DropOut ^= 1;
+    EXPECT_NE(before, RecoveryLogic(config));
+    config.Group(8).Timer(6).DropOut ^= 1;
+    config.Modified = true;
+    config.FilePath = "/elsewhere.pl";
+    EXPECT_EQ(before, RecoveryLogic(config)) << "the name of the file is no part of the logic";
+}
+
+TEST(RecoveryCopy, ALogicThatNoFileHoldsHasNone) {
+    LogicConfig config = Vdr812Logic();
+    config.Group(1).Unit(1).Inputs[0] = 256;
+    EXPECT_EQ("", RecoveryLogic(config));
+}
+
+TEST(RecoveryCopy, ATornCopyIsNone) {
+    for (const LogicConfig& config : {Vdr812Logic(), Vdr810Logic()}) {
+        const std::string whole = EncodeRecoveryCopy(CopyOf(config));
+        for (std::size_t size = 0; size < whole.size(); size += size < 200 ? 1 : 97) {
+            RecoveryCopy copy;
+            LogicConfig read;
+            EXPECT_FALSE(DecodeRecoveryCopy(whole.substr(0, size), copy, read)) << size;
+            EXPECT_EQ("", copy.Path) << size;
+            EXPECT_EQ("", read.FilePath) << size;
+        }
+        RecoveryCopy copy;
+        LogicConfig read;
+        EXPECT_FALSE(DecodeRecoveryCopy(whole + "x", copy, read));
+    }
+}
+
+TEST(RecoveryCopy, OfAnotherFormatIsNone) {
+    std::string bytes = EncodeRecoveryCopy(CopyOf(Vdr812Logic()));
+    RecoveryCopy copy;
+    LogicConfig read;
+    bytes[bytes.find('\n') - 1] = '2';
+    EXPECT_FALSE(DecodeRecoveryCopy(bytes, copy, read));
+}
+
+} // namespace
+} // namespace brindle
