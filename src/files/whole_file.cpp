@@ -9,7 +9,7 @@ namespace brindle {
 
 namespace {
 
-constexpr int GreatestBesideNumber = 100; // files left beside by earlier, killed savers
+constexpr int GreatestBesideNumber = 100; // savers at work in one folder at once
 
 /// An operation on a handle knows no path: names the file in its error, as the user knows it.
 FileError OfFile(FileError error, const std::string& path) {
@@ -33,23 +33,28 @@ FileError ReadAll(const FileSystem& files, FileHandle handle, std::size_t limit,
     return {};
 }
 
+FileError WriteAndFlush(const FileSystem& files, FileHandle handle, std::string_view bytes) {
+    FileError error = files.Write(handle, bytes.data(), bytes.size());
+    return error.Failed() ? error : files.Flush(handle);
+}
+
 /// Writes, flushes and closes; the first failure counts, and the handle is closed whatever happens.
 FileError WriteAndClose(const FileSystem& files, FileHandle handle, std::string_view bytes) {
-    FileError error = files.Write(handle, bytes.data(), bytes.size());
-    if (!error.Failed()) {
-        error = files.Flush(handle);
-    }
+    FileError error = WriteAndFlush(files, handle, bytes);
     FileError closing = files.Close(handle);
     return error.Failed() ? error : closing;
 }
 
-/// Creates a file of a name of its own in `folder`.
+/// Creates a file of a name of its own in `folder`, in the place of one that a killed saver left there.
 FileError CreateBeside(const FileSystem& files, const std::string& folder, std::uint32_t mode,
                        std::string& path, FileHandle& handle) {
     FileError error;
     for (int number = 0; number < GreatestBesideNumber; ++number) {
         path = JoinPath(folder, ".brindle-save-" + std::to_string(number) + ".tmp");
         error = files.CreateNew(path, mode, handle);
+        if (error.Number == FileAlreadyExistsError && !files.RemoveAbandoned(path).Failed()) {
+            error = files.CreateNew(path, mode, handle);
+        }
         if (error.Number != FileAlreadyExistsError) {
             break;
         }
@@ -143,15 +148,20 @@ FileError ReplaceWholeFile(const FileSystem& files, const std::string& path, std
     if (error.Failed()) {
         return error;
     }
-    error = OfFile(WriteAndClose(files, handle, bytes), path);
+    error = OfFile(WriteAndFlush(files, handle, bytes), path);
     if (!error.Failed()) {
         error = files.Rename(beside, target);
     }
+    // Held open to its end: closed any sooner, the file beside would count as abandoned, and its name could
+    // already be that of another saver's file.
     if (error.Failed()) {
         files.Remove(beside);
+        files.Close(handle);
         return error;
     }
-    return files.FlushFolder(folder.empty() ? "." : folder);
+    const FileError closing = OfFile(files.Close(handle), path);
+    const FileError flushing = files.FlushFolder(folder.empty() ? "." : folder);
+    return closing.Failed() ? closing : flushing;
 }
 
 } // namespace brindle

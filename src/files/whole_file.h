@@ -24,11 +24,13 @@ FileError ReadWholeText(const FileSystem& files, const std::string& path, std::s
 /// PermissionDeniedError; a folder that does not let us create or rename a file, and a `path` that is a
 /// folder, are PathAccessError; a missing folder is PathNotFoundError; a pipe or a disk is
 /// DeviceUnavailableError. A terminal or another device of characters is written in place. No failure leaves
-/// the file beside behind, as long as it can be removed.
+/// the file beside behind, as long as it can be removed; one that a killed program left is removed by the
+/// next save in its folder. Any number of programs may replace files of one folder, or one file, at once.
 ///
-/// After a failure the file at `path` is the old one, with one exception that cannot be undone: when only the
-/// flush of the folder failed, the new file is in place, whole, but a power failure may bring the old one
-/// back, whole. The save is not assured, so this too is returned as a failure; saving again is harmless.
+/// After a failure the file at `path` is the old one, with one exception that cannot be undone: when only
+/// closing it or the flush of the folder failed, the new file is in place, whole, but a power failure may
+/// bring the old one back, whole. The save is not assured, so this too is returned as a failure; saving again
+/// is harmless.
 FileError ReplaceWholeFile(const FileSystem& files, const std::string& path, std::string_view bytes);
 
 } // namespace brindle

@@ -42,7 +42,8 @@ struct FileSystem {
     std::function<FileError(FileHandle handle, char* bytes, std::size_t size, std::size_t& got)> Read;
 
     /// Creates a file that must not exist (else FileAlreadyExistsError), with permission bits `mode` (0: the
-    /// system's usual ones). When it fails, it leaves nothing behind.
+    /// system's usual ones). When it fails, it leaves nothing behind. Until it is closed, its name included,
+    /// the file is safe from RemoveAbandoned.
     std::function<FileError(const std::string& path, std::uint32_t mode, FileHandle& handle)> CreateNew;
 
     /// Opens an existing device for writing in place.
@@ -62,6 +63,11 @@ struct FileSystem {
     std::function<FileError(const std::string& from, const std::string& to)> Rename;
 
     std::function<FileError(const std::string& path)> Remove;
+
+    /// Removes a file that CreateNew made for a program which has ended since. One that a living program
+    /// holds open, here or on another machine, stays, and so does one of which the system cannot tell:
+    /// FileAlreadyOpenError.
+    std::function<FileError(const std::string& path)> RemoveAbandoned;
 
     /// Returns once the folder's names are on the disk; nothing to do on systems that keep them so.
     std::function<FileError(const std::string& folder)> FlushFolder;

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -125,12 +126,45 @@ bool SetMode(FileHandle handle, mode_t mode) {
            ::fchmod(handle, mode) == 0;
 }
 
+/// A lock tells the file of a living program from an abandoned one: the system takes it back when the program
+/// ends, however it ends. False, with the reason in errno, when another has it or there are no locks here.
+bool Lock(FileHandle handle) {
+    int result = 0;
+    do {
+        result = ::flock(handle, LOCK_EX | LOCK_NB);
+    } while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
+/// `path` itself, no link to it, is the regular file that is open as `handle`.
+bool IsNameOf(const std::string& path, FileHandle handle) {
+    struct stat named {};
+
+    struct stat opened {};
+
+    return ::lstat(path.c_str(), &named) == 0 && ::fstat(handle, &opened) == 0 && S_ISREG(named.st_mode) &&
+           named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
+}
+
+/// Keeps a file just created from being taken for abandoned. False when that has happened already. Where a
+/// file system has no locks, nobody takes anything for abandoned.
+bool Hold(const std::string& path, FileHandle handle) {
+    return Lock(handle) ? IsNameOf(path, handle) : errno != EWOULDBLOCK;
+}
+
 FileError CreateNew(const std::string& path, std::uint32_t mode, FileHandle& handle) {
     FileError error = Open("create", path, O_WRONLY | O_CREAT | O_EXCL, mode == 0 ? UsualMode : mode, handle);
-    if (!error.Failed() && mode != 0 && !SetMode(handle, mode)) {
-        error = Failure("set the mode of", path);
+    if (error.Failed()) {
+        return error;
+    }
+    if (!Hold(path, handle)) {
         ::close(handle);
+        return MakeFileError(FileAlreadyExistsError, "create " + path); // the name is another's by now
+    }
+    if (mode != 0 && !SetMode(handle, mode)) {
+        error = Failure("set the mode of", path);
         ::unlink(path.c_str());
+        ::close(handle);
     }
     return error;
 }
@@ -201,6 +235,20 @@ FileError Remove(const std::string& path) {
     return ::unlink(path.c_str()) == 0 ? FileError{} : Failure("remove", path);
 }
 
+FileError RemoveAbandoned(const std::string& path) {
+    FileHandle handle = -1;
+    FileError error = Open("take away", path, O_WRONLY | O_NOFOLLOW, 0, handle);
+    if (error.Failed()) {
+        return error;
+    }
+    // Its maker may have renamed the file away between our opening and our lock: then the name is another's.
+    // While we have the lock, nobody renames or removes it.
+    error = Lock(handle) && IsNameOf(path, handle) ? Remove(path)
+                                                   : MakeFileError(FileAlreadyOpenError, "take away " + path);
+    ::close(handle);
+    return error;
+}
+
 } // namespace
 
 FileSystem RealFileSystem() {
@@ -223,6 +271,7 @@ FileSystem RealFileSystem() {
     };
     files.Rename = Rename;
     files.Remove = Remove;
+    files.RemoveAbandoned = RemoveAbandoned;
     files.FlushFolder = FlushFolder;
     return files;
 }

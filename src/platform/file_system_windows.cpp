@@ -184,6 +184,23 @@ FileError Remove(const std::string& path) {
     return DeleteFileW(WideText(path).c_str()) != 0 ? FileError{} : Failure("remove", path);
 }
 
+/// Sharing with nobody is refused as long as anybody has the file open; what closing then deletes is the file
+/// that was opened, whatever has become of its name.
+FileError RemoveAbandoned(const std::string& path) {
+    if (IsIllegal(path)) {
+        return IllegalName("take away", path);
+    }
+    HANDLE handle = CreateFileW(WideText(path).c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
+                                FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        return GetLastError() == ERROR_SHARING_VIOLATION
+                   ? MakeFileError(FileAlreadyOpenError, "take away " + path)
+                   : Failure("take away", path);
+    }
+    CloseHandle(handle);
+    return {};
+}
+
 } // namespace
 
 FileSystem RealFileSystem() {
@@ -195,7 +212,8 @@ FileSystem RealFileSystem() {
     };
     files.Read = Read;
     files.CreateNew = [](const std::string& path, std::uint32_t /*mode*/, FileHandle& handle) {
-        return Open("create", path, GENERIC_WRITE, 0, CREATE_NEW, handle);
+        // Shared, because the file gets its final name, under which others may read it, while it is open.
+        return Open("create", path, GENERIC_WRITE, ShareAll, CREATE_NEW, handle);
     };
     files.OpenDevice = [](const std::string& path, FileHandle& handle) {
         return Open("open", path, GENERIC_WRITE, ShareAll, OPEN_EXISTING, handle);
@@ -207,6 +225,7 @@ FileSystem RealFileSystem() {
     };
     files.Rename = Rename;
     files.Remove = Remove;
+    files.RemoveAbandoned = RemoveAbandoned;
     // MOVEFILE_WRITE_THROUGH has put the new name on the disk by the time that the renaming returns.
     files.FlushFolder = [](const std::string& /*folder*/) { return FileError{}; };
     return files;

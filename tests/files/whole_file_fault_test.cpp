@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* FaultyPath = "/home/x.pl";
 constexpr std::size_t Operations = 8;      // of an undisturbed save
-constexpr std::size_t RenameOperation = 7; // the step at which the new file takes the place of the old
+constexpr std::size_t RenameOperation = 6; // the step at which the new file takes the place of the old
 const std::string Old(2048, 'o');
 const std::string New(2048, 'n');
 

@@ -99,11 +99,11 @@ TEST_F(ReadingAWholeFile, NamesTheFileInTheErrorsOfItsHandle) {
 TEST_F(ReplacingAWholeFile, WritesBesideFlushesRenamesAndFlushesTheFolderInThisOrder) {
     Disk.AddFile(FilePath, "old");
     EXPECT_EQ(0, Replace(FilePath));
-    EXPECT_EQ(
-        (std::vector<std::string>{"status /home/x.pl", "follow /home/x.pl",
-                                  "create /home/.brindle-save-0.tmp", "write 3 bytes", "flush", "close",
-                                  "rename /home/.brindle-save-0.tmp to /home/x.pl", "flush folder /home/"}),
-        Disk.Log());
+    EXPECT_EQ((std::vector<std::string>{"status /home/x.pl", "follow /home/x.pl",
+                                        "create /home/.brindle-save-0.tmp", "write 3 bytes", "flush",
+                                        "rename /home/.brindle-save-0.tmp to /home/x.pl", "close",
+                                        "flush folder /home/"}),
+              Disk.Log());
     EXPECT_EQ("new", Disk.Content(FilePath));
 }
 
@@ -177,14 +177,46 @@ TEST_F(ReplacingAWholeFile, WritesADeviceInPlace) {
     EXPECT_EQ(0U, Disk.OpenHandles());
 }
 
-TEST_F(ReplacingAWholeFile, PassesOverFilesLeftBesideByOthers) {
+TEST_F(ReplacingAWholeFile, PassesOverTheFilesOfOthersWhoAreSaving) {
     Disk.AddFile("/home/.brindle-save-0.tmp", "of another");
     Disk.AddFile("/home/.brindle-save-1.tmp", "of a third");
+    const FileSystem files = Disk.Operations();
+    FileHandle handle = -1;
+    ASSERT_FALSE(files.OpenForReading("/home/.brindle-save-0.tmp", handle).Failed());
+    ASSERT_FALSE(files.OpenForReading("/home/.brindle-save-1.tmp", handle).Failed());
     EXPECT_EQ(0, Replace(FilePath));
     EXPECT_EQ("new", Disk.Content(FilePath));
     EXPECT_EQ("of another", Disk.Content("/home/.brindle-save-0.tmp"));
     EXPECT_EQ("of a third", Disk.Content("/home/.brindle-save-1.tmp"));
     EXPECT_FALSE(Disk.Content("/home/.brindle-save-2.tmp").has_value());
+}
+
+TEST_F(ReplacingAWholeFile, TakesAwayTheFileThatAKilledSaverLeftBeside) {
+    Disk.AddFile("/home/.brindle-save-0.tmp", "half of someth");
+    EXPECT_EQ(0, Replace(FilePath));
+    EXPECT_EQ("new", Disk.Content(FilePath));
+    EXPECT_EQ((std::vector<std::string>{"/", "/home", FilePath}), Disk.Names());
+}
+
+TEST_F(ReplacingAWholeFile, HoldsTheFileBesideUntilItHasItsName) {
+    for (const char* failing : {"rename", "write", "flush", "nothing"}) {
+        FileSystem files = Disk.Operations();
+        Disk.FailAll(failing, DiskFullError);
+        const auto isHeld = [&](const std::string& beside) {
+            EXPECT_EQ(FileAlreadyOpenError, files.RemoveAbandoned(beside).Number) << beside;
+        };
+        FileSystem watched = files;
+        watched.Rename = [&](const std::string& from, const std::string& to) {
+            isHeld(from);
+            return files.Rename(from, to);
+        };
+        watched.Remove = [&](const std::string& path) {
+            isHeld(path);
+            return files.Remove(path);
+        };
+        EXPECT_EQ(failing == std::string("nothing"), !ReplaceWholeFile(watched, FilePath, "new").Failed());
+        EXPECT_EQ(0U, Disk.OpenHandles());
+    }
 }
 
 TEST_F(ReplacingAWholeFile, GivesUpWhenEveryNameBesideIsTakenAndDoesNotAskToOverwrite) {

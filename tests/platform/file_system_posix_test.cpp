@@ -197,6 +197,35 @@ TEST_F(RealFiles, RemovingWhatIsNotThereIs53) {
     EXPECT_EQ(53, Files.Remove(Folder.Path("x")).Number);
 }
 
+TEST_F(RealFiles, AFileIsAbandonedOnceItsMakerHasClosedIt) {
+    const std::string path = Folder.Path("x");
+    FileHandle handle = -1;
+    ASSERT_FALSE(Files.CreateNew(path, 0, handle).Failed());
+    EXPECT_EQ(55, Files.RemoveAbandoned(path).Number);
+    EXPECT_EQ(1, Folder.Count());
+    Files.Close(handle);
+    EXPECT_EQ(0, Files.RemoveAbandoned(path).Number);
+    EXPECT_EQ(0, Folder.Count());
+    EXPECT_EQ(53, Files.RemoveAbandoned(path).Number);
+}
+
+TEST_F(RealFiles, AFileIsHeldUnderTheNameThatItWasRenamedTo) {
+    FileHandle handle = -1;
+    ASSERT_FALSE(Files.CreateNew(Folder.Path("x"), 0, handle).Failed());
+    ASSERT_FALSE(Files.Rename(Folder.Path("x"), Folder.Path("y")).Failed());
+    EXPECT_EQ(55, Files.RemoveAbandoned(Folder.Path("y")).Number);
+    Files.Close(handle);
+}
+
+TEST_F(RealFiles, NeitherALinkNorAFolderIsAnAbandonedFile) {
+    Folder.Put("x", "old");
+    ASSERT_EQ(0, ::symlink("x", Folder.Path("link").c_str()));
+    ASSERT_EQ(0, ::mkdir(Folder.Path("folder").c_str(), 0700));
+    EXPECT_TRUE(Files.RemoveAbandoned(Folder.Path("link")).Failed());
+    EXPECT_TRUE(Files.RemoveAbandoned(Folder.Path("folder")).Failed());
+    EXPECT_EQ(3, Folder.Count());
+}
+
 TEST_F(RealFiles, FoldersAreFlushed) {
     EXPECT_EQ(0, Files.FlushFolder(Folder.Path()).Number);
     EXPECT_EQ(0, Files.FlushFolder(".").Number);

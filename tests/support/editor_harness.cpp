@@ -112,6 +112,7 @@ void EditorHarness::SupplyFiles() {
         Files.erase(path);
         return FileError{};
     };
+    files.RemoveAbandoned = files.Remove;
     files.FlushFolder = [](const std::string& /*folder*/) { return FileError{}; };
 }
 

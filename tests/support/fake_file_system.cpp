@@ -1,5 +1,6 @@
 #include "support/fake_file_system.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace brindle {
@@ -43,6 +44,7 @@ FileSystem FakeFileSystem::Operations() {
     files.Close = [this](auto handle) { return Close(handle); };
     files.Rename = [this](const auto& from, const auto& to) { return Rename(from, to); };
     files.Remove = [this](const auto& path) { return Remove(path); };
+    files.RemoveAbandoned = [this](const auto& path) { return RemoveAbandoned(path); };
     files.FlushFolder = [this](const auto& folder) { return FlushFolder(folder); };
     return files;
 }
@@ -294,6 +296,22 @@ FileError FakeFileSystem::Remove(const std::string& path) {
         error = Missing(record, path);
     }
     return error;
+}
+
+FileError FakeFileSystem::RemoveAbandoned(const std::string& path) {
+    const std::string record = "remove abandoned " + path;
+    FileError error = Begin(record);
+    const auto found = names_.find(path);
+    if (error.Failed() || found == names_.end()) {
+        return error.Failed() ? error : Missing(record, path);
+    }
+    const bool held = std::any_of(open_.begin(), open_.end(),
+                                  [&](const auto& opened) { return opened.second.File == found->second; });
+    if (held) {
+        return MakeFileError(FileAlreadyOpenError, record);
+    }
+    names_.erase(found);
+    return {};
 }
 
 FileError FakeFileSystem::FlushFolder(const std::string& folder) {

@@ -96,6 +96,7 @@ class FakeFileSystem {
     FileError Close(FileHandle handle);
     FileError Rename(const std::string& from, const std::string& to);
     FileError Remove(const std::string& path);
+    FileError RemoveAbandoned(const std::string& path);
     FileError FlushFolder(const std::string& folder);
 
     NodeNames names_;
