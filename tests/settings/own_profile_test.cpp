@@ -126,6 +126,18 @@ TEST_F(OwnProfileOnDisk, AFileThatCannotBeReadIsNotWiped) {
     EXPECT_EQ("[Brindle]\nHomeDir=/a\n", Text());
 }
 
+TEST_F(OwnProfileOnDisk, AFileThatSeemedMissingForAMomentIsNotWiped) {
+    const std::string text = "[Brindle]\r\nHomeDir=/home/me\r\n";
+    MakeFile(text);
+    for (const int missing : {FileNotFoundError, PathNotFoundError}) {
+        files_.OpenForReading = [missing](const std::string& path, FileHandle&) {
+            return MakeFileError(missing, "open " + path);
+        };
+        EXPECT_FALSE(Profile().Write(path_, "Brindle", "ScreenMode", "2"));
+        EXPECT_EQ(text, Text());
+    }
+}
+
 TEST_F(OwnProfileOnDisk, AFailedWriteLeavesTheOldFile) {
     MakeFile("[Brindle]\nHomeDir=/a\n");
     files_.Write = [](FileHandle, const char*, std::size_t) { return MakeFileError(DiskFullError, "write"); };
