@@ -1,6 +1,7 @@
 #include "support/editor_harness.h"
 
 #include "platform/paths.h"
+#include "settings/own_profile.h"
 
 #include <gtest/gtest.h>
 
@@ -154,14 +155,22 @@ EditorWindow EditorHarness::LoggingWindow() {
     return window;
 }
 
-void EditorHarness::Start() {
-    Surroundings.Profile = Profile.Functions();
+void EditorHarness::SupplySettings() {
     FileSystem& files = Surroundings.Files;
+    if (ProfileOnDisk) {
+        Surroundings.Profile = OwnProfile(files);
+        return;
+    }
+    Surroundings.Profile = Profile.Functions();
     const auto otherStatus = files.Status;
     files.Status = [this, otherStatus](const std::string& path, FileStatus& status) {
         return path == JoinPath(ProgramFolder, "Benchkit.ini") ? Profile.Files().Status(path, status)
                                                                : otherStatus(path, status);
     };
+}
+
+void EditorHarness::Start() {
+    SupplySettings();
     editor_ = std::make_unique<Editor>(Surroundings);
     editor_->AttachWindow(LoggingWindow());
     editor_->Form_Initialize();

@@ -38,6 +38,7 @@ class EditorHarness {
     static constexpr const char* ProgramFolder = "/opt/brindle";
 
     MemoryProfile Profile;
+    bool ProfileOnDisk = false; ///< the settings are kept in a file of `Surroundings.Files` instead
     EditorSurroundings Surroundings;
     std::map<std::string, std::string> Files; ///< content by path
     std::set<std::string> Folders{"/opt/brindle"};
@@ -52,6 +53,7 @@ class EditorHarness {
 
   private:
     void SupplyFiles();
+    void SupplySettings();
     EditorWindow LoggingWindow();
     [[nodiscard]] std::vector<std::string> FilesIn(const std::string& folder) const;
 
