@@ -175,8 +175,9 @@ TEST(TwoSaversOfOneFile, NeverFailThoughOthersAreKilledBesideThemAndTheirFilesTa
     const SharedCount saves;
     const SharedCount stop;
     std::list<ChildProcess> savers;
-    AddSaver(savers, versions, path, saves, stop);
-    AddSaver(savers, versions, path, saves, stop);
+    for (int saver = 0; saver < 4; ++saver) {
+        AddSaver(savers, versions, path, saves, stop);
+    }
     const std::uint32_t seed = std::random_device()();
     std::mt19937 random(seed);
     std::ptrdiff_t greatestCount = 0;
