@@ -19,8 +19,8 @@ namespace {
 /// What kills at random moments of saving led to.
 struct KillResult {
     int Torn = 0;        ///< kills after which the file was no whole version
-    int LeftBeside = 0;  ///< kills that came between the first and the last step of a save
-    int FailedSaves = 0; ///< saves after a kill that did not go well
+    int LeftBeside = 0;  ///< kills after which the file of an unfinished save was left beside
+    int FailedSaves = 0; ///< saves after a kill, by the next child or by ourselves, that did not go well
     int Crowded = 0;     ///< saves after which more than the file itself was in the folder
 };
 
@@ -35,7 +35,10 @@ KillResult KillSavers(const TwoVersions& versions, int kills, std::mt19937& rand
         const SharedCount running;
         ChildProcess saver([&] {
             running.Increment();
-            for (int version = 0; !versions.Save(files, path, version).Failed(); version = 1 - version) {
+            // Of what the writers do, the part that touches the disk: all kills are to hit that.
+            int version = 0;
+            while (!ReplaceWholeFile(files, path, versions.Bytes[version]).Failed()) {
+                version = 1 - version;
             }
             return false;
         });
@@ -43,10 +46,10 @@ KillResult KillSavers(const TwoVersions& versions, int kills, std::mt19937& rand
             std::this_thread::yield();
         }
         std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
-        saver.Kill();
+        result.FailedSaves += saver.Kill() ? 0 : 1;
         result.Torn += versions.IsWhole(folder.Content(versions.Name)) ? 0 : 1;
         result.LeftBeside += folder.Count() > 1 ? 1 : 0;
-        if (kill % 10 == 9) { // between, what was left must not trouble the next child
+        if (kill % 10 == 9) { // and not after each: what is left may not trouble the next child either
             result.FailedSaves += versions.Save(files, path, kill / 10 % 2).Failed() ? 1 : 0;
             result.Crowded += folder.Count() > 1 ? 1 : 0;
         }
@@ -58,12 +61,12 @@ void ExpectToSurviveKills(const TwoVersions& versions, int kills) {
     const std::uint32_t seed = std::random_device()();
     std::mt19937 random(seed);
     const KillResult result = KillSavers(versions, kills, random);
-    std::cout << "kills: " << kills << ", in the middle of a save: " << result.LeftBeside
+    std::cout << "kills: " << kills << ", with a file left beside: " << result.LeftBeside
               << ", seed: " << seed << "\n";
     EXPECT_EQ(0, result.Torn);
     EXPECT_EQ(0, result.FailedSaves);
     EXPECT_EQ(0, result.Crowded);
-    EXPECT_GT(result.LeftBeside, kills / 10) << "the kills have hit the saves";
+    EXPECT_GT(result.LeftBeside, kills / 25) << "the kills have hit the saves";
 }
 
 TEST(KilledSaver, LeavesAProgramFileWholeAndTheNextSaveGoesWell) {

@@ -1,5 +1,4 @@
 #include "files/vdr810_writer.h"
-#include "settings/profile_text.h"
 #include "support/editor_harness.h"
 #include "support/fake_file_system.h"
 #include "support/fault_sweep.h"
@@ -9,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iostream>
 
 /// Save and Save As, from the command down to the disk, with a fault at every operation: the old file or the
@@ -202,9 +202,8 @@ void SweepSave(const SaveCase& save) {
             return true;
         });
     };
-    const std::vector<int> askingErrors{DiskFullError, DeviceUnavailableError, DiskNotReadyError};
-    sweepAnswer(askingErrors, MessageAnswer::Retry);
-    sweepAnswer(askingErrors, MessageAnswer::Ignore);
+    sweepAnswer(AskingFaults, MessageAnswer::Retry);
+    sweepAnswer(AskingFaults, MessageAnswer::Ignore);
     sweepAnswer(WritingFaults, MessageAnswer::Cancel);
     const std::size_t inSaving = met;
     const auto sweepPowerFailure = [&](const std::vector<int>& errors, UnflushedNames names) {

@@ -25,12 +25,14 @@ class ChildProcess {
 
     [[nodiscard]] bool Started() const { return pid_ > 0; }
 
-    /// Ends it at whatever it is doing, with no chance to tidy up, and waits for its end.
-    void Kill() {
-        if (pid_ > 0) {
-            ::kill(pid_, SIGKILL);
-            WaitForEnd();
+    /// Ends it at whatever it is doing, with no chance to tidy up, and waits for its end. False when it had
+    /// ended before.
+    bool Kill() {
+        if (pid_ <= 0) {
+            return false;
         }
+        ::kill(pid_, SIGKILL);
+        return WIFSIGNALED(WaitForEnd());
     }
 
     /// Waits for its end; whether its body returned true.

@@ -16,6 +16,9 @@ inline const std::vector<int> WritingFaults{DiskFullError,   PermissionDeniedErr
                                             InternalError,   PathNotFoundError,     DeviceUnavailableError,
                                             PathAccessError, DiskNotReadyError,     TooManyFilesError};
 
+/// Those of them whose box offers to try again.
+inline const std::vector<int> AskingFaults{DiskFullError, DeviceUnavailableError, DiskNotReadyError};
+
 /// The box in which a failed save with error `number` is to be told, as the user guide has it.
 inline MessageBox SaveFailurePrompt(int number) {
     const auto prompt = [](const char* text, MessageButtons buttons) {
