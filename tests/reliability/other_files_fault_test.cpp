@@ -160,7 +160,7 @@ TEST(OtherFilesUnderFaults, TheSettingsAreOldOrNewAndTheUserIsToldOnce) {
         });
     }
     std::cout << "faults injected: " << met << "\n";
-    EXPECT_GT(met, 2 * 2 * WritingFaults.size());
+    EXPECT_GT(met, 4 * WritingFaults.size());
 }
 
 /// A logic file that brings names of its own, beside a program without an option file for it.
