@@ -1,3 +1,5 @@
+#include "support/saving_program_window.h"
+
 #include <QApplication>
 #include <gtest/gtest.h>
 
@@ -9,6 +11,9 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brindle"));
     QApplication::setQuitOnLastWindowClosed(false);
+    if (qEnvironmentVariableIsSet(brindle::SavingProgramFolder)) {
+        return brindle::RunSavingProgram(); // started by a test
+    }
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

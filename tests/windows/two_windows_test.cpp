@@ -1,0 +1,212 @@
+#include "app/surroundings.h"
+#include "editor/form_plg.h"
+#include "settings/setting_keys.h"
+#include "support/main_window_test_window.h"
+#include "support/saving_program_window.h"
+
+#include <QCheckBox>
+#include <QDir>
+#include <QProcess>
+#include <QPushButton>
+#include <QTest>
+
+#include <array>
+#include <memory>
+#include <random>
+#include <set>
+#include <string>
+
+/// Two windows of the program on one file and one settings file.
+namespace brindle {
+namespace {
+
+constexpr const char* OtherSettings = "; kept by hand\r\n[Bench]\r\nPort=COM3\r\n";
+
+LogicConfig SchemeWithPickUp(int pickUp) {
+    LogicConfig config;
+    MakeNewVdr812(config, Version100);
+    config.Group(1).Timer(1).PickUp = pickUp;
+    return config;
+}
+
+/// One of the two, with what it must say of itself.
+struct OpenWindow {
+    std::unique_ptr<Editor> TheEditor;
+    std::unique_ptr<formPLG> Window;
+    std::string Logic; ///< the bytes that saving it would write
+    bool Modified = false;
+};
+
+class TwoWindows : public testing::Test {
+  protected:
+    TwoWindows() : folderBefore_(QDir::currentPath()) {
+        Put("scheme.pl", ProgramBytes(SchemeWithPickUp(75)));
+        Put(SettingsFileName, OtherSettings);
+        for (OpenWindow& one : Both) {
+            EditorSurroundings surroundings =
+                RealSurroundings(Folder.path().toStdString(), [&one] { return one.Window.get(); });
+            surroundings.CommandLine = Path("scheme.pl");
+            surroundings.ShowMessageBox = [this](const MessageBox& box) {
+                Told.insert(box.Text);
+                return box.Buttons == MessageButtons::YesNoCancel ? MessageAnswer::No : MessageAnswer::Ok;
+            };
+            one.TheEditor = std::make_unique<Editor>(surroundings);
+            one.TheEditor->Form_Initialize();
+            one.Window = std::make_unique<formPLG>(*one.TheEditor);
+            one.Window->LoadAndShow();
+            one.Logic = OnDisk = Content("scheme.pl");
+        }
+    }
+
+    ~TwoWindows() override {
+        for (OpenWindow& one : Both) {
+            one.Window.reset();
+            one.TheEditor.reset();
+        }
+        QDir::setCurrent(folderBefore_);
+    }
+
+    [[nodiscard]] std::string Path(const char* name) const {
+        return Folder.filePath(QString::fromLatin1(name)).toStdString();
+    }
+
+    [[nodiscard]] std::string Content(const char* name) const {
+        QFile file(Folder.filePath(QString::fromLatin1(name)));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll().toStdString();
+    }
+
+    void Put(const char* name, const std::string& bytes) const {
+        QFile file(Folder.filePath(QString::fromLatin1(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    }
+
+    [[nodiscard]] std::string Setting(const char* section, const char* key) const {
+        return SystemProfile(RealFileSystem()).ReadText(Path(SettingsFileName), section, key, "none");
+    }
+
+    void Tick(OpenWindow& one, int output) {
+        one.Window->findChild<QCheckBox*>(QStringLiteral("cbxOutputMap(%1)").arg(output))->click();
+        one.Logic = ProgramBytes(one.TheEditor->Config());
+        one.Modified = true;
+    }
+
+    void Save(OpenWindow& one) {
+        one.Window->findChild<QPushButton*>(QStringLiteral("cmdbtnSave"))->click();
+        OnDisk = one.Logic;
+        one.Modified = false;
+        EXPECT_EQ(Setting(SectionRecent, "Recent0"), Path("scheme.pl") + ",scheme.pl,1");
+    }
+
+    void OpenAnew(OpenWindow& one) {
+        one.TheEditor->OpenPath(Path("scheme.pl"));
+        one.Logic = OnDisk;
+        one.Modified = false;
+    }
+
+    void ChangeSettings(OpenWindow& one, int number) {
+        const std::string home = Path(("home " + std::to_string(number)).c_str());
+        one.TheEditor->ChooseHomeDirectory(home);
+        EXPECT_EQ(Setting(SectionBrindle, KeyHomeDir), home);
+        one.Window->resize(900 + number, 700);
+        one.TheEditor->Form_Unload(); // stores its place
+        EXPECT_EQ(Setting(SectionBrindle, KeyHomeDir), home) << "one's place took another's setting along";
+    }
+
+    void ExpectTruth() {
+        ASSERT_EQ(Content("scheme.pl"), OnDisk) << "the last save is not what the file holds";
+        ASSERT_TRUE(Content(SettingsFileName).starts_with(OtherSettings));
+        for (const OpenWindow& one : Both) {
+            ASSERT_EQ(ProgramBytes(one.TheEditor->Config()), one.Logic);
+            ASSERT_EQ(static_cast<bool>(one.TheEditor->Config().Modified), one.Modified);
+        }
+    }
+
+    QTemporaryDir Folder;
+    std::array<OpenWindow, 2> Both;
+    std::string OnDisk;
+    std::set<std::string> Told; ///< the texts of the boxes shown
+
+  private:
+    QString folderBefore_;
+};
+
+TEST_F(TwoWindows, OnOneFileTheLastSaveWinsWholeAndEachTellsOfItsOwnChanges) {
+    std::mt19937 random(7);
+    const auto number = [&random](int first, int last) {
+        return std::uniform_int_distribution<int>(first, last)(random);
+    };
+    for (int turn = 0; turn < 300; ++turn) {
+        OpenWindow& one = Both.at(static_cast<std::size_t>(number(0, 1)));
+        switch (number(0, 5)) {
+        case 0:
+        case 1:
+            Save(one);
+            break;
+        case 2:
+            OpenAnew(one);
+            break;
+        case 3:
+            ChangeSettings(one, turn);
+            break;
+        default: {
+            const LogicConfig& config = one.TheEditor->Config();
+            Tick(one, number(config.FirstOutput, config.LastOutput));
+        }
+        }
+        ExpectTruth();
+        ASSERT_FALSE(HasFailure()) << "turn " << turn;
+    }
+    // Nothing failed: the one box is the question before a window discards its own changes.
+    EXPECT_EQ(Told, std::set<std::string>{SavePrompt(DiscardingCommand::Open).Text});
+}
+
+/// Two running programs, and a reader who must never see a half of anything.
+TEST(TwoPrograms, SavingOneFileAtTheSameTimeNeverTearsIt) {
+    const QTemporaryDir folder;
+    const auto put = [&folder](const char* name, const std::string& bytes) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    };
+    const auto content = [&folder](const char* name) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        return file.readAll().toStdString();
+    };
+    put(SavingProgramFile, ProgramBytes(SchemeWithPickUp(75)));
+    put(SettingsFileName, OtherSettings);
+    std::array<QProcess, 2> programs;
+    for (int number = 0; number < 2; ++number) {
+        QProcess& program = programs.at(static_cast<std::size_t>(number));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QString::fromLatin1(SavingProgramFolder), folder.path());
+        environment.insert(QString::fromLatin1(SavingProgramNumber), QString::number(number));
+        program.setProcessEnvironment(environment);
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(QCoreApplication::applicationFilePath(), QStringList());
+    }
+    std::set<std::int32_t> seen;
+    while (programs[0].state() != QProcess::NotRunning || programs[1].state() != QProcess::NotRunning) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+        LogicConfig read;
+        const std::string bytes = content(SavingProgramFile);
+        DecodeProgram(bytes, read);
+        const std::int32_t pickUp = read.Group(1).Timer(1).PickUp;
+        ASSERT_EQ(bytes, ProgramBytes(SchemeWithPickUp(pickUp)));
+        ASSERT_TRUE(content(SettingsFileName).starts_with(OtherSettings));
+        seen.insert(pickUp);
+    }
+    for (QProcess& program : programs) {
+        EXPECT_EQ(program.exitCode(), 0) << program.readAll().toStdString();
+    }
+    EXPECT_GT(seen.size(), 3U) << "the reader came too late to see anything";
+    EXPECT_TRUE(seen.contains(LastPickUpOf(0)) || seen.contains(LastPickUpOf(1)));
+    // No file beside is left.
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
+              QStringList({QString::fromLatin1(SettingsFileName), QString::fromLatin1(SavingProgramFile)}));
+}
+
+} // namespace
+} // namespace brindle
