@@ -22,8 +22,11 @@ constexpr std::array Stems{"scheme",     "New_File", "line 7",   "\u00F6st & v\u
                            "\U0001F642", "UPPER",    "tab\there"};
 
 std::string ContentOf(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::error_code failed;
+    const std::uintmax_t size = fs::file_size(path, failed);
+    std::string content(failed ? 0 : static_cast<std::size_t>(size), '\0');
+    std::ifstream(path, std::ios::binary).read(content.data(), static_cast<std::streamsize>(content.size()));
+    return content;
 }
 
 bool IsLogicName(const std::string& path) {
@@ -240,6 +243,12 @@ void MonkeyDisk::PutRandomFile() {
     Put(JoinPath(chance_.Pick(folders_), AnyFileName(chance_.OneIn(2) ? "pl" : "c10")), bytes, true);
 }
 
+void MonkeyDisk::RemovePrints() {
+    std::erase_if(files_, [](const auto& file) {
+        return (file.first.ends_with(".pdf") || file.first.ends_with(".txt")) && fs::remove(file.first);
+    });
+}
+
 void MonkeyDisk::DoMischief() {
     switch (chance_.Number(0, 9)) {
     case 0:
@@ -260,6 +269,7 @@ void MonkeyDisk::DoMischief() {
         SetReadOnly(AnyKnownFile(), false);
         break;
     case 7:
+        RemovePrints();
         PutLogicFiles();
         Put(JoinPath(ProgramFolder(), "PLC00230_OPT00012.810"), SchemeOptionFile(2.3, 12), false);
         break;

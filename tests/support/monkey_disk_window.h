@@ -78,6 +78,7 @@ class MonkeyDisk {
     void PutLogicFiles();
     void PutRandomFile();
     void RemoveOrTear();
+    void RemovePrints(); ///< they are large, and each is looked at again and again
     std::string AnyKnownFile();
     std::string AnyFileName(const std::string& extension);
     [[nodiscard]] FileError Fault(const std::string& operation);
