@@ -110,8 +110,8 @@ class ListReader {
         if (!SplitFields(line, fields)) {
             return SubscriptError;
         }
-        category.Caption = fields[1];
-        category.Name = fields[2];
+        category.Caption = OneField(fields[1]);
+        category.Name = OneField(fields[2]);
         return error != NoFileError
                    ? error
                    : Add(option_.Lists.Categories, std::move(category), option_.Head.Categories);
@@ -123,8 +123,8 @@ class ListReader {
             return SubscriptError;
         }
         Vdr810Label label;
-        label.Name = fields[2];
-        label.Caption = fields[3];
+        label.Name = OneField(fields[2]);
+        label.Caption = OneField(fields[3]);
         const int error =
             FirstError({ReadNumber(fields[0], label.Category), ReadNumber(fields[1], label.Signal),
                         ReadFlag(fields[4], label.Enabled), ReadFlag(fields[5], label.Visible),

@@ -127,13 +127,14 @@ std::string_view Trimmed(std::string_view text) {
     return text;
 }
 
-std::string OneField(std::string text) {
-    for (char& c : text) {
+std::string OneField(std::string_view text) {
+    std::string field(text);
+    for (char& c : field) {
         if (c == ',' || c == '\r' || c == '\n') {
             c = ' ';
         }
     }
-    return text;
+    return field;
 }
 
 NumberFault ParseNumber(std::string_view field, std::int16_t& value) {

@@ -66,8 +66,9 @@ int FieldCount(std::string_view line);
 /// `text` without the blanks and tabs around it.
 std::string_view Trimmed(std::string_view text);
 
-/// `text` as a field can hold it: commas and line ends become blanks.
-std::string OneField(std::string text);
+/// `text` as a field holds it: commas, carriage returns and line feeds become blanks. What is read from a
+/// field goes through here too, for a carriage return amid its line.
+std::string OneField(std::string_view text);
 
 enum class NumberFault {
     None,

@@ -19,7 +19,7 @@ class HeadReader {
     HeadReader& Text(std::string& value) {
         std::string_view field;
         if (Take(field)) {
-            value = field;
+            value = OneField(field);
         }
         return *this;
     }

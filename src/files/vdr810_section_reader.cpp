@@ -134,8 +134,8 @@ std::optional<MessageBox> Vdr810SectionReader::TakeCategory(std::string_view lin
     if (fault != NumberFault::None) {
         return RefusedLine(CategoryPlace(), FaultOfField(1, fault), element_);
     }
-    category.Caption = std::string(fields[1]);
-    category.Name = std::string(fields[1]);
+    category.Caption = OneField(fields[1]);
+    category.Name = OneField(fields[1]);
     if (IsEnd(category)) {
         section_ = Section::Ended;
     } else if (element_ > config_.Vdr810.CategoryCount) {
@@ -163,8 +163,8 @@ std::optional<MessageBox> Vdr810SectionReader::TakeLabel(std::string_view line) 
     if (fault != NumberFault::None) {
         return RefusedLine(LabelPlace(), FaultOfField(2, fault), element_);
     }
-    label.Name = std::string(fields[2]);
-    label.Caption = std::string(fields[2]);
+    label.Name = OneField(fields[2]);
+    label.Caption = OneField(fields[2]);
     if (IsEnd(label)) {
         section_ = Section::Ended;
     } else if (element_ > config_.Vdr810.LabelCount) {

@@ -66,9 +66,13 @@ std::optional<RecentFile> ParseRecentFile(std::string_view value) {
     if (first == last || (model != "1" && model != "2")) {
         return {};
     }
-    return RecentFile{std::string(value.substr(0, first)),
-                      std::string(value.substr(first + 1, last - first - 1)),
-                      model == "1" ? RelayKind::Vdr812 : RelayKind::Vdr810};
+    RecentFile file{std::string(value.substr(0, first)),
+                    std::string(value.substr(first + 1, last - first - 1)),
+                    model == "1" ? RelayKind::Vdr812 : RelayKind::Vdr810};
+    if (!CanBeStored(file.Path) || !CanBeStored(file.Name)) {
+        return {}; // a carriage return amid a line
+    }
+    return file;
 }
 
 void EnterRecentFile(RecentFiles& files, const RecentFile& file, const PathStyle& style) {

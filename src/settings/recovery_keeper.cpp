@@ -17,6 +17,10 @@ constexpr int LongestWait = 3;     // calls
 RecoveryKeeper::RecoveryKeeper(std::string folder, FileSystem files, FileLocks locks)
     : folder_(std::move(folder)), files_(std::move(files)), locks_(std::move(locks)) {}
 
+RecoveryKeeper::~RecoveryKeeper() {
+    GiveUpNumber();
+}
+
 std::string RecoveryKeeper::PathOf(int number, const char* ending) const {
     return JoinPath(folder_, "Recovery" + std::to_string(number) + ending);
 }

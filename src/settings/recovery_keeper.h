@@ -29,7 +29,7 @@ class RecoveryKeeper {
     RecoveryKeeper& operator=(const RecoveryKeeper&) = delete;
     RecoveryKeeper(RecoveryKeeper&&) = delete;
     RecoveryKeeper& operator=(RecoveryKeeper&&) = delete;
-    ~RecoveryKeeper() = default;
+    ~RecoveryKeeper(); ///< without Close, what was kept is left as by a crash
 
     // What was left, asked for before anything is kept.
 

@@ -1,5 +1,6 @@
 #include "files/option_file.h"
 #include "support/fake_file_system.h"
+#include "support/vdr810_scheme.h"
 #include "support/vdr810_text.h"
 
 #include <gtest/gtest.h>
@@ -330,6 +331,18 @@ TEST(MakeNewVdr810, IsAnEmptyLogicOfTheOptionFile) {
     EXPECT_EQ(105, config.InputCode(5, 10, 16));
     EXPECT_EQ(UnitTimer{}, config.Group(1).Timer(1));
     EXPECT_EQ(0U, config.Group(1).OutputMap(1, 1));
+}
+
+TEST(OptionFile, ACarriageReturnAmidALineIsABlank) {
+    std::string text = SchemeOptionFile(2.3, 12);
+    for (const std::string name : {"Feeder scheme", "Zone &1,Zone 1", "Z1P,Zone 1 phase"}) {
+        text[text.find(name) + name.find(' ')] = '\r';
+    }
+    OptionFile option;
+    ASSERT_FALSE(DecodeOptionFile(text, "x", option).Failed());
+    LogicConfig config;
+    MakeNewVdr810(config, option);
+    EXPECT_EQ(SchemeOptionFile(2.3, 12), EncodeOptionFile(config));
 }
 
 } // namespace

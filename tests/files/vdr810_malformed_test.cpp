@@ -81,8 +81,6 @@ bool IsStatedBox(const MessageBox& box) {
 bool IsWellRead(const LogicConfig& config) {
     LogicConfig again;
     bool same = DecodeVdr810(EncodeVdr810(config), "x", again).Done();
-    same = same && again.Vdr810.Identity == OneField(config.Vdr810.Identity); // of one line
-    again.Vdr810.Identity = config.Vdr810.Identity;
     again.Vdr810.SettingsVersion = config.Vdr810.SettingsVersion; // reals are written with two decimals
     again.Vdr810.FormatNumber = config.Vdr810.FormatNumber;
     again.Version = config.Version;

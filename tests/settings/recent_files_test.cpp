@@ -76,9 +76,10 @@ TEST(ParseRecentFile, GivesBackWhatWasStored) {
 }
 
 TEST(ParseRecentFile, RefusesWhatIsNoEntry) {
-    for (const char* value : {"EMPTY", "", ",", ",,", ",x.pl,1", "/a/x.pl", "/a/x.pl,1", "/a/x.pl,x.pl,",
-                              "/a/x.pl,x.pl,0", "/a/x.pl,x.pl,3", "/a/x.pl,x.pl,12", "/a/x.pl,x.pl,one",
-                              "/a/b,c/x.pl,x.pl,1", "/a/x.pl,x.pl,1,1"}) {
+    for (const char* value :
+         {"EMPTY", "", ",", ",,", ",x.pl,1", "/a/x.pl", "/a/x.pl,1", "/a/x.pl,x.pl,", "/a/x.pl,x.pl,0",
+          "/a/x.pl,x.pl,3", "/a/x.pl,x.pl,12", "/a/x.pl,x.pl,one", "/a/b,c/x.pl,x.pl,1", "/a/x.pl,x.pl,1,1",
+          "/a\r/x.pl,x.pl,1", "/a/x.pl,x\r.pl,2"}) {
         EXPECT_EQ(std::nullopt, ParseRecentFile(value)) << value;
     }
 }
