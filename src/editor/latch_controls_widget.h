@@ -17,6 +17,12 @@ class LatchControls {
   public:
     /// `onOtherSide` is called when the picture or its label is clicked.
     LatchControls(QWidget* parent, const std::function<void()>& onOtherSide);
+    ~LatchControls() = default;
+
+    LatchControls(const LatchControls&) = delete;
+    LatchControls& operator=(const LatchControls&) = delete;
+    LatchControls(LatchControls&&) = delete;
+    LatchControls& operator=(LatchControls&&) = delete;
 
     QWidget* TabAfter(QWidget* previous);
     void SetShown(bool shown);
