@@ -97,6 +97,29 @@ void OpenVdr810Options(formPLG& window) {
     Find<QAction>(window, "mnuFileNewVdr810")->trigger();
 }
 
+/// The question of a start after a crash.
+void OfferRecovery(formPLG& window) {
+    const QTemporaryDir programFolder;
+    LogicConfig logic;
+    MakeNewVdr812(logic, Version230);
+    const std::string copy = EncodeRecoveryCopy({"/home/relays/line 7 east.pl", "line 7 east.pl", false,
+                                                 "21 Nov 2026 10:12:33", RecoveryLogic(logic)});
+    QFile file(programFolder.filePath(QStringLiteral("Recovery1.brindle")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(QByteArray::fromStdString(copy)) < 0) {
+        return;
+    }
+    file.close();
+    Editor editor(RealSurroundings(programFolder.path().toStdString(), [&window] { return &window; }));
+    editor.Form_Initialize();
+    formPLG next(editor);
+    QTimer::singleShot(0, &window, [] {
+        QWidget* question = QApplication::activeModalWidget();
+        waitingDialog = question->grab().toImage();
+        question->close();
+    });
+    next.LoadAndShow();
+}
+
 void OpenHomeDirectory(formPLG& window) {
     Find<QAction>(window, "mnuHomeDir")->trigger();
 }
@@ -113,6 +136,7 @@ constexpr QSize Usual(1000, 640);
 
 const Picture Pictures[] = {
     {"main-window", "pilot_supervision.pl", 1, 1, 0, false, {1120, 740}},
+    {"recovery", "", 1, 1, 0, false, Usual, OfferRecovery},
     {"timer-100", "pilot_supervision.pl", 1, 1, 2, false, Usual},
     {"timer-230", "breaker_failure.pl", 1, 1, 0, false, Usual},
     {"latch", "lockout.pl", 1, 8, 0, false, Usual},
