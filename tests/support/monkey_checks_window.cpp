@@ -65,7 +65,8 @@ void MonkeyChecks::LookForNewLogic(MonkeyUser& user) {
         user.Disk.MarkForeign(path, foreign_); // a command saves before it opens
     }
     for (const std::string& path : disk.FilesRead()) {
-        foreign_ = foreign_ || disk.IsForeign(path);
+        const bool recovered = path.ends_with(".brindle"); // of whatever logic there was
+        foreign_ = foreign_ || disk.IsForeign(path) || recovered;
     }
     const bool isNew = user.MadeNew && IsEmpty(config);
     const bool opened = disk.Read(config.FilePath);
