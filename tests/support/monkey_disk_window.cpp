@@ -117,7 +117,7 @@ FileSystem MonkeyDisk::Files() {
             return fault;
         }
         FileError error = real.OpenForReading(path, handle);
-        if (!error.Failed() && IsLogicName(path)) {
+        if (!error.Failed() && (IsLogicName(path) || path.ends_with(".brindle"))) {
             read_.insert(path);
         }
         return error;
