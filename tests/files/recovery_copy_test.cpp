@@ -104,5 +104,44 @@ TEST(RecoveryCopy, OfAnotherFormatIsNone) {
     EXPECT_FALSE(DecodeRecoveryCopy(bytes, copy, read));
 }
 
+TEST(RecoveryCopy, WithAnyOfItsPartsWrongIsNone) {
+    const std::string vdr812 = EncodeRecoveryCopy(CopyOf(Vdr812Logic()));
+    const std::string vdr810 = EncodeRecoveryCopy(CopyOf(Vdr810Logic()));
+
+    struct Wrong {
+        std::string Whole;
+        std::string Part;
+        std::string Instead;
+    };
+
+    for (const Wrong& wrong :
+         {Wrong{vdr812, "new=yes", "new=maybe"}, Wrong{vdr812, "new=", "old="},
+          Wrong{vdr812, "kept=14", "kept="}, Wrong{vdr812, "kept=14", "kept=15"},
+          Wrong{vdr812, "kept=14", "kept=14x"}, Wrong{vdr812, "kept=14", "kept 14"},
+          Wrong{vdr812, "path=", "Path="}, Wrong{vdr812, "title=", "name="},
+          Wrong{vdr812, "logic=2048", "logic=2047"}, Wrong{vdr812, "logic=2048", "logic=99999"},
+          Wrong{vdr812, "logic=2048", "lists=2048"}, Wrong{vdr810, "text=", "texts="},
+          Wrong{vdr810, "option=", "lists="}, Wrong{vdr810, "<TIMER 1>", "<TIMER 9>"},
+          Wrong{vdr810, "<CATEGORY INFO>", "<CATEGORY DATA>"}}) {
+        std::string bytes = wrong.Whole;
+        const std::size_t place = bytes.find(wrong.Part);
+        ASSERT_NE(std::string::npos, place) << wrong.Part;
+        bytes.replace(place, wrong.Part.size(), wrong.Instead);
+        RecoveryCopy copy;
+        LogicConfig read;
+        EXPECT_FALSE(DecodeRecoveryCopy(bytes, copy, read)) << wrong.Instead;
+    }
+}
+
+TEST(RecoveryCopy, WhoseListsCountOtherSignalsIsNone) {
+    std::string bytes = EncodeRecoveryCopy(CopyOf(Vdr810Logic()));
+    const std::size_t place = bytes.find(" 256\r\n");
+    ASSERT_NE(std::string::npos, place);
+    bytes.replace(place, 4, " 250");
+    RecoveryCopy copy;
+    LogicConfig read;
+    EXPECT_FALSE(DecodeRecoveryCopy(bytes, copy, read));
+}
+
 } // namespace
 } // namespace brindle

@@ -256,5 +256,50 @@ TEST_F(RecoveryKeeperTest, WhereNoLockCanBeMadeNothingIsKept) {
     EXPECT_FALSE(program->NextLeft());
 }
 
+TEST_F(RecoveryKeeperTest, ALogicThatNoFileHoldsIsNotKept) {
+    const auto program = Program();
+    program->Rest(Work(0).Logic);
+    RecoveryCopy work = Work(1);
+    work.Logic.clear();
+    program->Tick(work);
+    program->Tick(work);
+    program->SetAside(work);
+    EXPECT_TRUE(Disk.Log().empty());
+}
+
+TEST_F(RecoveryKeeperTest, WorkSetAsideThatIsKeptAlreadyIsNotWrittenAgain) {
+    auto program = Program();
+    program->Rest(Work(0).Logic);
+    KeepNow(*program, 1);
+    const std::size_t operations = Disk.Log().size();
+    program->SetAside(Work(1));
+    EXPECT_EQ(operations, Disk.Log().size());
+    EXPECT_TRUE(Locks.Held.empty());
+    program->Close();
+    EXPECT_TRUE(Has(FirstCopy));
+}
+
+TEST_F(RecoveryKeeperTest, WhatCannotBeLookedAtCountsAsACopyLeft) {
+    const auto program = Program();
+    program->Rest(Work(0).Logic);
+    Disk.FailAll("status /opt/brindle/Recovery1.brindle", DeviceIoError);
+    KeepNow(*program, 1);
+    Disk.FailNoMore();
+    EXPECT_FALSE(Has(FirstCopy));
+    EXPECT_TRUE(Has(SecondCopy));
+}
+
+TEST_F(RecoveryKeeperTest, AFullFolderOfCopiesLeftTakesNoMore) {
+    for (int number = 1; number <= 20; ++number) {
+        Disk.AddFile("/opt/brindle/Recovery" + std::to_string(number) + ".brindle", "left");
+    }
+    const auto program = Program();
+    EXPECT_FALSE(program->NextLeft());
+    program->Rest(Work(0).Logic);
+    KeepNow(*program, 1);
+    EXPECT_EQ("left", Disk.Content(FirstCopy));
+    EXPECT_TRUE(Locks.Held.empty());
+}
+
 } // namespace
 } // namespace brindle
