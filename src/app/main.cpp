@@ -1,7 +1,9 @@
 #include "app/surroundings.h"
 #include "editor/form_plg.h"
+#include "platform/environment.h"
 #include "platform/folders.h"
 #include "platform/paths.h"
+#include "settings/program_folder.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -19,7 +21,10 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false); // the main window quits once it has asked what it must
 
     formPLG* window = nullptr;
-    EditorSurroundings surroundings = RealSurroundings(ProgramFolder(), [&window] { return window; });
+    const FolderFunctions folders = RealFolders();
+    const std::string programFolder = ProvideProgramFolder(
+        FindProgramFolders(ExecutableFolder(), EnvironmentVariable, folders), RealFileSystem(), folders);
+    EditorSurroundings surroundings = RealSurroundings(programFolder, [&window] { return window; });
     // The whole command line is one path, also where blanks in it were not quoted.
     const QString path = QApplication::arguments().mid(1).join(QLatin1Char(' '));
     if (!path.isEmpty()) {

@@ -1,7 +1,9 @@
 #include "cli/command_line.h"
 #include "cli/system_clock.h"
+#include "platform/environment.h"
 #include "platform/folders.h"
 #include "platform/standard_output.h"
+#include "settings/program_folder.h"
 
 #include <clocale>
 #include <iostream>
@@ -11,8 +13,11 @@ int main(int argc, char** argv) {
     std::setlocale(LC_TIME, "");
     brindle::MakeStandardOutputBinary();
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    const brindle::FolderFunctions folders = brindle::RealFolders();
+    const std::string optionFiles = brindle::OptionFileFolder(
+        brindle::FindProgramFolders(brindle::ExecutableFolder(), brindle::EnvironmentVariable, folders),
+        folders);
     return brindle::RunCommandLine(arguments,
-                                   {brindle::RealFileSystem(), std::cout, std::cerr,
-                                    brindle::RealFolders().CurrentFolder(), brindle::ShortDate,
-                                    brindle::ShortTime, brindle::RealFolders(), brindle::ProgramFolder()});
+                                   {brindle::RealFileSystem(), std::cout, std::cerr, folders.CurrentFolder(),
+                                    brindle::ShortDate, brindle::ShortTime, folders, optionFiles});
 }

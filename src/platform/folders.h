@@ -27,6 +27,9 @@ struct FolderFunctions {
     /// something of that name is there already; PathNotFoundError where there is no such folder.
     std::function<FileError(const std::string& path)> MakeFolder;
 
+    /// The same, with a folder that is the user's alone where the system has permission bits.
+    std::function<FileError(const std::string& path)> MakePrivateFolder;
+
     /// Where the system's folders begin: its drives ("C:\\"), or its mounted volumes, "/" first.
     std::function<std::vector<std::string>()> Drives;
 
@@ -47,6 +50,6 @@ FolderFunctions RealFolders();
 
 /// The folder of the running executable, links to it followed; the current folder where the system does not
 /// tell.
-std::string ProgramFolder();
+std::string ExecutableFolder();
 
 } // namespace brindle

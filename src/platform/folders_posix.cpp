@@ -30,9 +30,9 @@ std::string CurrentFolder() {
     return error ? std::string() : folder.string();
 }
 
-FileError MakeFolder(const std::string& path) {
-    constexpr mode_t usualMode = 0777; // less the user's mask
-    if (::mkdir(path.c_str(), usualMode) == 0) {
+/// Makes a folder with the permission bits `mode`, less the user's mask.
+FileError MakeWithMode(const std::string& path, mode_t mode) {
+    if (::mkdir(path.c_str(), mode) == 0) {
         return {};
     }
     const int systemError = errno;
@@ -42,6 +42,16 @@ FileError MakeFolder(const std::string& path) {
     }
     return systemError == ENOENT ? MakeFileError(PathNotFoundError, source)
                                  : SystemFileError(systemError, source);
+}
+
+FileError MakeFolder(const std::string& path) {
+    constexpr mode_t usualMode = 0777;
+    return MakeWithMode(path, usualMode);
+}
+
+FileError MakePrivateFolder(const std::string& path) {
+    constexpr mode_t userAlone = 0700;
+    return MakeWithMode(path, userAlone);
 }
 
 std::vector<std::string> Drives() {
@@ -88,11 +98,12 @@ std::vector<std::string> Files(const std::string& path) {
 } // namespace
 
 FolderFunctions RealFolders() {
-    return {FolderExists, ChangeFolder, CurrentFolder, [](const std::string&) {},
-            MakeFolder,   Drives,       Subfolders,    Files};
+    return {FolderExists, ChangeFolder,      CurrentFolder, [](const std::string&) {},
+            MakeFolder,   MakePrivateFolder, Drives,        Subfolders,
+            Files};
 }
 
-std::string ProgramFolder() {
+std::string ExecutableFolder() {
     std::error_code error;
     const std::filesystem::path executable = std::filesystem::read_symlink("/proc/self/exe", error);
     return error ? CurrentFolder() : executable.parent_path().string();

@@ -116,10 +116,11 @@ std::vector<std::string> Files(const std::string& path) {
 } // namespace
 
 FolderFunctions RealFolders() {
-    return {FolderExists, ChangeFolder, CurrentFolder, ChangeDrive, MakeFolder, Drives, Subfolders, Files};
+    return {FolderExists, ChangeFolder, CurrentFolder, ChangeDrive, MakeFolder,
+            MakeFolder,   Drives,       Subfolders,    Files};
 }
 
-std::string ProgramFolder() {
+std::string ExecutableFolder() {
     std::wstring path(MAX_PATH, L'\0');
     DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
     while (length == path.size()) { // cut short

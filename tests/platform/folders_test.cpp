@@ -76,6 +76,12 @@ TEST_F(Folders, AMadeFolderIsThere) {
     EXPECT_TRUE(folders_.FolderExists(Path("new ~ 1")));
 }
 
+TEST_F(Folders, APrivateFolderIsTheUsersAlone) {
+    EXPECT_FALSE(folders_.MakePrivateFolder(Path("own")).Failed());
+    EXPECT_EQ(std::filesystem::perms::owner_all, std::filesystem::status(Path("own")).permissions());
+    EXPECT_EQ(PathAccessError, folders_.MakePrivateFolder(Path("file")).Number);
+}
+
 TEST_F(Folders, AFolderCannotBeMadeWhereANameIsTakenOrNoFolderIs) {
     EXPECT_EQ(PathAccessError, folders_.MakeFolder(Path("inner")).Number);
     EXPECT_EQ(PathAccessError, folders_.MakeFolder(Path("file")).Number);
@@ -122,8 +128,8 @@ TEST_F(Folders, FilesAreTheFilesOfTheFolderAlone) {
     EXPECT_TRUE(folders_.Files(Path("file")).empty());
 }
 
-TEST_F(Folders, TheProgramFolderHoldsThisVeryProgram) {
-    const std::string folder = ProgramFolder();
+TEST_F(Folders, TheExecutableFolderHoldsThisVeryProgram) {
+    const std::string folder = ExecutableFolder();
     const std::filesystem::path executable = std::filesystem::canonical("/proc/self/exe");
     EXPECT_EQ(executable.string(), JoinPath(folder, executable.filename().string()));
     EXPECT_NE('/', folder.back());

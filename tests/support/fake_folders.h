@@ -40,6 +40,7 @@ struct FakeFolders {
             Existing.insert(path);
             return FileError{};
         };
+        folders.MakePrivateFolder = folders.MakeFolder;
         folders.Drives = [this] { return Volumes; };
         folders.Files = [this](const std::string& path) { return FilesOf[path]; };
         folders.Subfolders = [this](const std::string& path) { return NamesIn(path); };
