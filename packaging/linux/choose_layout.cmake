@@ -1,0 +1,10 @@
+# Read by CPack before it makes a package: which of the two layouts goes into it.
+if(CPACK_GENERATOR STREQUAL "DEB")
+  set(layout system)
+  set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+else()
+  set(layout portable)
+  set(CPACK_PACKAGING_INSTALL_PREFIX /)
+  set(CPACK_PACKAGE_FILE_NAME ${CPACK_BRINDLE_PORTABLE})
+endif()
+set(CPACK_INSTALL_CMAKE_PROJECTS "${CPACK_BRINDLE_BUILD};Brindle;${layout};/")
