@@ -124,6 +124,16 @@ TEST_F(InstalledProgram, RunsInTheFolderOfTheSeedsWhereItsOwnCannotBeMade) {
     EXPECT_EQ("first seed", Disk.Content(std::string("usr/share/brindle/") + SeedName));
 }
 
+TEST_F(InstalledProgram, IsContentWithAFolderThatAnotherStartMakesMeanwhile) {
+    FolderFunctions folders = RealFolders();
+    folders.MakePrivateFolder = [make = folders.MakePrivateFolder](const std::string& path) {
+        make(path);
+        return make(path);
+    };
+    EXPECT_EQ(UsualFolder, ProvideProgramFolder(Find(Path("usr/bin")), RealFileSystem(), folders));
+    EXPECT_EQ("first seed", UserFile(SeedName));
+}
+
 TEST_F(InstalledProgram, TakesOptionFilesFromTheSeedsUntilTheUserHasAFolder) {
     EXPECT_EQ(Seeds, OptionFileFolder(Find(Path("usr/bin")), RealFolders()));
     EXPECT_FALSE(std::filesystem::exists(UsualFolder));
