@@ -84,6 +84,11 @@ FileError CheckTarget(const std::string& path, const FileStatus& status) {
 
 } // namespace
 
+bool IsAbsent(const FileSystem& files, const std::string& path) {
+    FileStatus status;
+    return !files.Status(path, status).Failed() && status.Type == FileType::Absent;
+}
+
 FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::size_t limit,
                         std::string& bytes) {
     bytes.clear();

@@ -10,6 +10,10 @@
 /// Files are read whole and replaced whole or not at all; every file of this program goes through these two.
 namespace brindle {
 
+/// Nothing is at `path`, and the system says so itself. A disk that was gone for a moment fails with the same
+/// numbers as a file that is not there, so a failed reading alone does not tell.
+bool IsAbsent(const FileSystem& files, const std::string& path);
+
 /// Reads the regular file at `path` into `bytes`, at most `limit` bytes of it. On failure `bytes` is empty.
 /// A folder is PathAccessError; a pipe or device DeviceUnavailableError (it could keep us waiting for ever).
 FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::size_t limit,

@@ -23,13 +23,6 @@ std::string Edited(std::string_view text, const std::string& section, const std:
     return value ? SetProfileValue(text, section, *key, *value) : DeleteProfileKey(text, section, *key);
 }
 
-/// A disk that was gone for a moment fails with the same numbers as a file that is not there, and a file
-/// taken for absent would lose all that it holds: so the disk is asked again.
-bool IsAbsent(const FileSystem& files, const std::string& path) {
-    FileStatus status;
-    return !files.Status(path, status).Failed() && status.Type == FileType::Absent;
-}
-
 bool Write(const FileSystem& files, const std::string& path, const std::string& section,
            const std::optional<std::string>& key, const std::optional<std::string>& value) {
     if (!IsProfileEntry(section, key, value)) {
@@ -37,6 +30,7 @@ bool Write(const FileSystem& files, const std::string& path, const std::string& 
     }
     std::string text;
     const FileError error = ReadWholeFile(files, path, GreatestProfileSize + 1, text);
+    // A file taken for absent would lose all that it holds.
     if ((error.Failed() && !IsAbsent(files, path)) || text.size() > GreatestProfileSize) {
         return false;
     }

@@ -32,11 +32,6 @@ std::string UserFolder(const EnvironmentFunction& environment) {
     return home.empty() ? "" : JoinPath(JoinPath(JoinPath(home, ".local"), "share"), OwnName);
 }
 
-bool IsAbsent(const FileSystem& files, const std::string& path) {
-    FileStatus status;
-    return !files.Status(path, status).Failed() && status.Type == FileType::Absent;
-}
-
 void CopySeeds(const ProgramFolders& found, const FileSystem& files, const FolderFunctions& folders) {
     for (const PlcFolderEntry& seed : ScanPlcFolder(folders, found.Seeds).Entries) {
         const std::string path = JoinPath(found.Program, seed.Name);

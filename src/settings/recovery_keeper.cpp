@@ -26,9 +26,7 @@ std::string RecoveryKeeper::PathOf(int number, const char* ending) const {
 }
 
 bool RecoveryKeeper::HasCopy(int number) const {
-    FileStatus status;
-    // What cannot be looked at may be one.
-    return files_.Status(PathOf(number, ".brindle"), status).Failed() || status.Type != FileType::Absent;
+    return !IsAbsent(files_, PathOf(number, ".brindle")); // what cannot be looked at may be one
 }
 
 bool RecoveryKeeper::TakeNumber(int number) {

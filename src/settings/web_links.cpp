@@ -74,8 +74,7 @@ std::string BrowserFaultText(int fault) {
 /// There is to be a file of the type whose program is asked for. Where it cannot be created, the question
 /// itself tells whether it was needed.
 void ProvideBrowserFile(const WebFunctions& functions, const std::string& path) {
-    FileStatus status;
-    if (!functions.Files.Status(path, status).Failed() && status.Type == FileType::Absent) {
+    if (IsAbsent(functions.Files, path)) {
         ReplaceWholeFile(functions.Files, path, functions.FilePage + "\r\n");
     }
 }
