@@ -168,13 +168,29 @@ FileError Flush(FileHandle handle) {
                                                                    : SystemFileError(systemError, "flush");
 }
 
+/// A file cannot be replaced while another program has it open, which scanners and indexers do for a moment
+/// with any file that was just written.
+bool MayPass(DWORD systemError) {
+    return systemError == ERROR_ACCESS_DENIED || systemError == ERROR_SHARING_VIOLATION ||
+           systemError == ERROR_LOCK_VIOLATION;
+}
+
 FileError Rename(const std::string& from, const std::string& to) {
     if (IsIllegal(from) || IsIllegal(to)) {
         return IllegalName("rename to", to);
     }
+    constexpr DWORD FirstPause = 5;      // milliseconds; each further pause is twice as long
+    constexpr DWORD GreatestPause = 320; // all pauses together are 635 milliseconds
+    const std::wstring source = WideText(from);
+    const std::wstring target = WideText(to);
     const DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    const bool well = MoveFileExW(WideText(from).c_str(), WideText(to).c_str(), flags) != 0;
-    return well ? FileError{} : Failure("rename to", to);
+    for (DWORD pause = FirstPause; MoveFileExW(source.c_str(), target.c_str(), flags) == 0; pause *= 2) {
+        if (!MayPass(GetLastError()) || pause > GreatestPause) {
+            return Failure("rename to", to);
+        }
+        Sleep(pause);
+    }
+    return {};
 }
 
 FileError Remove(const std::string& path) {
