@@ -113,6 +113,7 @@ int Dispatch(std::vector<std::string> arguments, const CommandEnvironment& envir
     Request request;
     CLI::App app("Looks into and makes VDR812 program files and VDR810 logic files, without a window.",
                  CompanionName);
+    app.allow_windows_style_options(false); // "/relays/x.pl" is a path on Windows too
     app.require_subcommand(1);
     app.footer(Footer);
     app.set_version_flag("--version", VersionLine());
