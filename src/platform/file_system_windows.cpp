@@ -162,8 +162,9 @@ FileError Flush(FileHandle handle) {
         return {};
     }
     const auto systemError = static_cast<int>(GetLastError());
-    // Devices that keep nothing have nothing to flush.
-    const bool nothing = systemError == ERROR_INVALID_FUNCTION || systemError == ERROR_INVALID_HANDLE;
+    // Devices that keep nothing have nothing to flush; that they were written says that we may.
+    const bool nothing = systemError == ERROR_INVALID_FUNCTION || systemError == ERROR_INVALID_HANDLE ||
+                         systemError == ERROR_ACCESS_DENIED;
     return nothing && GetFileType(Widen(handle)) != FILE_TYPE_DISK ? FileError{}
                                                                    : SystemFileError(systemError, "flush");
 }
