@@ -1,5 +1,6 @@
 #include "platform/file_system.h"
 #include "settings/own_profile.h"
+#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +8,6 @@
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <unistd.h>
 
 namespace brindle {
 namespace {
@@ -15,15 +15,6 @@ namespace {
 /// A profile in a new folder on the disk; its file system counts and fails as a test asks.
 class OwnProfileOnDisk : public testing::Test {
   protected:
-    void SetUp() override {
-        folder_ =
-            std::filesystem::canonical(testing::TempDir()) / ("own_profile_" + std::to_string(getpid()));
-        std::filesystem::create_directories(folder_);
-        path_ = (folder_ / "Benchkit.ini").string();
-    }
-
-    void TearDown() override { std::filesystem::remove_all(folder_); }
-
     [[nodiscard]] ProfileFunctions Profile() { return OwnProfile(files_); }
 
     void MakeFile(const std::string& text) const { std::ofstream(path_, std::ios::binary) << text; }
@@ -51,8 +42,8 @@ class OwnProfileOnDisk : public testing::Test {
 
     FileSystem files_ = RealFileSystem();
     int renames_ = 0;
-    std::filesystem::path folder_;
-    std::string path_;
+    TempFolder folder_;
+    std::string path_ = folder_.Path("Benchkit.ini");
 };
 
 TEST_F(OwnProfileOnDisk, AMissingFileReadsAsDefaults) {
@@ -74,7 +65,7 @@ TEST_F(OwnProfileOnDisk, DeletingFromAMissingFileSucceedsAndCreatesNone) {
 }
 
 TEST_F(OwnProfileOnDisk, AMissingFolderReadsAsDefaultsAndCannotBeWritten) {
-    const std::string path = (folder_ / "nowhere" / "Benchkit.ini").string();
+    const std::string path = folder_.Path("nowhere/Benchkit.ini");
     EXPECT_EQ("0", Profile().ReadText(path, "Brindle", "HomeDir", "0"));
     EXPECT_TRUE(Profile().Write(path, "Brindle", std::nullopt, std::nullopt));
     EXPECT_FALSE(Profile().Write(path, "Brindle", "HomeDir", "/a"));
