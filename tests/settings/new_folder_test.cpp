@@ -1,12 +1,10 @@
 #include "platform/folders.h"
 #include "settings/new_folder.h"
 #include "support/fake_folders.h"
-#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -169,19 +167,6 @@ RC_GTEST_PROP(JudgeFolderName, NoNameThatPassesLeavesItsFolder, ()) {
     if (passes) {
         RC_ASSERT(Get_File_Name_Parts(JoinPath("/home", name, PosixPaths), WindowsPaths).Folder == "/home/");
     }
-}
-
-TEST(NewFolderOnDisk, IsThereAfterwards) {
-    const TempFolder folder;
-    NewFolderFunctions functions;
-    functions.Folders = RealFolders();
-    functions.ShowInputBox = [](const InputBox&) { return std::optional<std::string>("odd ~ name "); };
-    functions.ShowMessageBox = [](const MessageBox& box) {
-        ADD_FAILURE() << box.Text;
-        return MessageAnswer::Ok;
-    };
-    EXPECT_EQ(folder.Path("odd ~ name "), MakeNewFolder(folder.Path(), functions));
-    EXPECT_TRUE(std::filesystem::is_directory(folder.Path("odd ~ name ")));
 }
 
 } // namespace
