@@ -92,10 +92,10 @@ TEST_F(FoldersOfWindows, FilesAreTheFilesOfTheFolderAlone) {
     EXPECT_TRUE(folders_.Files(Path("none")).empty());
 }
 
-TEST_F(FoldersOfWindows, TheProgramFolderHoldsThisVeryProgram) {
+TEST_F(FoldersOfWindows, TheExecutableFolderHoldsThisVeryProgram) {
     EXPECT_NE(INVALID_FILE_ATTRIBUTES,
-              GetFileAttributesW(WideText(JoinPath(ProgramFolder(), "system_tests.exe")).c_str()));
-    EXPECT_NE('\\', ProgramFolder().back());
+              GetFileAttributesW(WideText(JoinPath(ExecutableFolder(), "system_tests.exe")).c_str()));
+    EXPECT_NE('\\', ExecutableFolder().back());
 }
 
 } // namespace
