@@ -74,11 +74,11 @@ TEST(ExportSignalConstants, GoesToTheFolderThatIsCurrent) {
 
 TEST(ExportSignalConstants, AFullDiskIsReturnedAndTheOldFileStays) {
     FakeFileSystem files;
-    files.AddFolder("/work");
-    files.AddFile("/work/Const.tmp", "old");
+    files.AddFolder("/home");
+    files.AddFile("/home/Const.tmp", "old");
     files.FailAll("write", DiskFullError);
-    EXPECT_EQ(DiskFullError, ExportSignalConstants(files.Operations(), "/work").Number);
-    EXPECT_EQ("old", files.Content("/work/Const.tmp"));
+    EXPECT_EQ(DiskFullError, ExportSignalConstants(files.Operations(), "/home").Number);
+    EXPECT_EQ("old", files.Content("/home/Const.tmp"));
     EXPECT_EQ(0U, files.OpenHandles());
 }
 
