@@ -46,6 +46,7 @@ void RecoveryKeeper::GiveUpNumber() {
     number_ = 0;
     lock_ = NoLock;
     kept_.clear();
+    mayStand_ = false;
 }
 
 std::optional<LeftCopy> RecoveryKeeper::NextLeft() {
@@ -59,6 +60,7 @@ std::optional<LeftCopy> RecoveryKeeper::NextLeft() {
         if (!ReadWholeText(files_, PathOf(looked_, ".brindle"), bytes).Failed() &&
             DecodeRecoveryCopy(bytes, left.Copy, left.Logic)) {
             kept_ = left.Copy.Logic;
+            mayStand_ = true;
             return left;
         }
         GiveUpNumber();
@@ -95,17 +97,20 @@ bool RecoveryKeeper::OwnNumber() {
 }
 
 void RecoveryKeeper::Keep(const RecoveryCopy& work) {
-    if (OwnNumber() &&
-        !ReplaceWholeFile(files_, PathOf(number_, ".brindle"), EncodeRecoveryCopy(work)).Failed()) {
-        kept_ = work.Logic;
+    if (OwnNumber()) {
+        mayStand_ = true; // when only its last flush fails, the copy is there all the same
+        if (!ReplaceWholeFile(files_, PathOf(number_, ".brindle"), EncodeRecoveryCopy(work)).Failed()) {
+            kept_ = work.Logic;
+        }
     }
     waited_ = 0;
     seen_.clear(); // after a failure, not at every call
 }
 
 void RecoveryKeeper::RemoveCopy() {
-    if (!kept_.empty()) {
+    if (mayStand_) {
         files_.Remove(PathOf(number_, ".brindle"));
+        mayStand_ = false;
         kept_.clear();
     }
 }

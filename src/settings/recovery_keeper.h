@@ -76,6 +76,7 @@ class RecoveryKeeper {
     int number_ = 0; ///< of the copy that is ours; 0 for none
     FileHandle lock_ = NoLock;
     std::optional<std::string> rest_; ///< the logic that needs no copy
+    bool mayStand_ = false;           ///< a copy of our number may be on the disk, written well or not
     std::string kept_;                ///< the logic of the copy on the disk; empty for none
     std::string seen_;                ///< the logic of the last call
     int waited_ = 0;                  ///< calls since a change that no copy has yet

@@ -1,34 +1,9 @@
 #include "editor/group_editing.h"
-#include "support/editor_harness.h"
-#include "support/vdr810_scheme.h"
+#include "support/vdr810_commands.h"
 
-#include <gtest/gtest.h>
-
+/// New, Open, Save and Save As of VDR810 logic.
 namespace brindle {
 namespace {
-
-constexpr const char* Option230 = "/opt/brindle/PLC00230_OPT00012.810";
-
-/// A started editor, an option file of version 2.30 and options 12 beside the program, and logic files in
-/// /data.
-struct Vdr810Commands : testing::Test {
-    EditorHarness Harness;
-
-    Vdr810Commands() {
-        Harness.Folders.insert("/data");
-        Harness.Files[Option230] = SchemeOptionFile(2.3, 12);
-        Harness.Files["/data/x.c10"] = SchemeLogicFile(2.3, 12);
-        Harness.Start();
-        Harness.ChooseOptions = [](Vdr810Options& /*options*/) { return true; };
-        Harness.Log.clear();
-    }
-
-    [[nodiscard]] const LogicConfig& Config() { return Harness->Config(); }
-
-    void Open(const std::string& path) { Harness->OpenPath(path); }
-
-    [[nodiscard]] bool HasFile(const std::string& path) const { return Harness.Files.count(path) == 1; }
-};
 
 TEST_F(Vdr810Commands, NewTakesItsHeadAndListsFromTheOptionFile) {
     Harness->mnuFileNewVdr810_Click();
@@ -92,25 +67,6 @@ TEST_F(Vdr810Commands, NewAsksBeforeItDiscardsChanges) {
     EXPECT_TRUE(Harness.OfferedVersions.empty()) << "the dialog was not shown";
 }
 
-TEST_F(Vdr810Commands, AMalformedOptionFileMakesNoNewLogic) {
-    Harness.Files[Option230] = "identity\r\nnot a number\r\n";
-    Harness->mnuFileNewVdr810_Click();
-    ASSERT_EQ(Harness.Boxes.size(), 1U);
-    EXPECT_EQ(Harness.Boxes[0].Text, "There was an error trying to open the File.\r\nError number: 13\r\n"
-                                     "Error description: Type mismatch\r\nError Source: read "
-                                     "/opt/brindle/PLC00230_OPT00012.810, value 2 of the header");
-    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr812);
-}
-
-TEST_F(Vdr810Commands, AnOptionFileThatEndsEarlyHasTheGenericBoxToo) {
-    Harness.Files[Option230] = "identity\r\n1.00\r\n";
-    Harness->mnuFileNewVdr810_Click();
-    ASSERT_EQ(Harness.Boxes.size(), 1U);
-    EXPECT_EQ(Harness.Boxes[0].Text.substr(0, 61),
-              "There was an error trying to open the File.\r\nError number: 62");
-    EXPECT_NE(Harness.Boxes[0].Text.find(Option230), std::string::npos);
-}
-
 TEST_F(Vdr810Commands, OpenShowsTheFileWithTheSignalsOfItsOptionFile) {
     Open("/data/x.c10");
     EXPECT_TRUE(Harness.Boxes.empty());
@@ -157,53 +113,6 @@ TEST_F(Vdr810Commands, AVdr812OpenedAfterwardsShowsAllGroupsAndCarriesNothingOn)
     EXPECT_TRUE(Harness->View().Groups[7].Visible);
     EXPECT_EQ(Harness->View().FeedbackCaption, "");
     EXPECT_EQ(Config().InputCode(1, 1, 1), NoConnectCode);
-}
-
-TEST_F(Vdr810Commands, WithoutOptionFileTheCaptionNamesIt) {
-    Harness.Files.erase(Option230);
-    Open("/data/x.c10");
-    EXPECT_EQ(Harness->Identity(),
-              "File: x.c10\r\nDate:5/4/2001  Time:10:12:33\r\nVersion:2.30  Options:0012\r\n"
-              "Missing: PLC00230_OPT00012.810");
-    EXPECT_FALSE(HasFile(Option230)) << "a file that brought no lists makes none";
-    EXPECT_EQ(Harness->View().Inputs[4].Text, "") << "nobody knows the name";
-    EXPECT_EQ(Harness->View().Inputs[5].Text, "FALSE") << "the inverted TRUE, until somebody tells";
-    Harness.AnswerBox(MessageAnswer::Ok);
-    Harness->mnuClearDisplayedUnit_Click();
-    EXPECT_EQ(Config().InputCode(1, 1, 5), 255);
-}
-
-TEST_F(Vdr810Commands, ListsOfTheLogicFileMakeTheOptionFile) {
-    Harness.Files.erase(Option230);
-    Harness.Files["/data/x.c10"] +=
-        "<CATEGORY INFO>\r\n3,Trip\r\n-1\r\n<LABEL INFO>\r\n3,20,Z1P\r\n3,255,FALSE\r\n";
-    Open("/data/x.c10");
-    ASSERT_TRUE(HasFile(Option230));
-    OptionFile made;
-    ASSERT_FALSE(DecodeOptionFile(Harness.Files[Option230], "made", made).Failed());
-    EXPECT_EQ(made.Head.Categories, 2) << "as many lines as were written";
-    EXPECT_EQ(made.Head.Labels, 2);
-    EXPECT_EQ(made.Unconnected, 255);
-    EXPECT_EQ(made.Lists, Config().Lists);
-    EXPECT_EQ(Harness->Identity().find("Missing"), std::string::npos);
-}
-
-TEST_F(Vdr810Commands, AnOptionFileThatIsThereIsNeverWritten) {
-    const std::string before = Harness.Files[Option230];
-    Harness.Files["/data/x.c10"] += "<LABEL INFO>\r\n3,20,OTHER\r\n";
-    Open("/data/x.c10");
-    EXPECT_EQ(Harness.Files[Option230], before);
-    EXPECT_EQ(Harness->View().Inputs[4].Text, "Z1P") << "the option file's lists hold";
-}
-
-TEST_F(Vdr810Commands, AMalformedOptionFileLeavesTheListsOfTheLogicFile) {
-    Harness.Files[Option230] = "identity\r\n";
-    Harness.Files["/data/x.c10"] += "<LABEL INFO>\r\n3,20,OWN\r\n3,255,FALSE\r\n";
-    Open("/data/x.c10");
-    ASSERT_EQ(Harness.Boxes.size(), 1U);
-    EXPECT_NE(Harness.Boxes[0].Text.find(Option230), std::string::npos);
-    EXPECT_EQ(Harness->View().Inputs[4].Text, "OWN");
-    EXPECT_EQ(Config().FilePath, "/data/x.c10");
 }
 
 TEST_F(Vdr810Commands, ARefusedFileLeavesWhatWasReadAsANewFileThatIsNotSaved) {
@@ -305,87 +214,6 @@ TEST_F(Vdr810Commands, WithoutTimersTheFirstLatchIsShown) {
     Harness.Files["/data/x.c10"] = EncodeVdr810(config);
     Open("/data/x.c10");
     EXPECT_EQ(Harness->Shown().Unit, 7);
-}
-
-TEST_F(Vdr810Commands, AnOptionFileThatCountsOtherSignalsIsToldOfAndNotTaken) {
-    LogicConfig other = SchemeLists(2.3, 12);
-    other.Coding.InvertBase = 400;
-    Harness.Files[Option230] = EncodeOptionFile(other);
-    Open("/data/x.c10");
-    ASSERT_EQ(Harness.Boxes.size(), 1U);
-    EXPECT_EQ(Harness.Boxes[0].Text, "There was an error trying to open the File.\r\nError number: "
-                                     "9\r\nError description: Subscript out of "
-                                     "range\r\nError Source: read /opt/brindle/PLC00230_OPT00012.810, 400 "
-                                     "signals where the logic has 256");
-    EXPECT_TRUE(Config().Lists.Empty());
-    EXPECT_EQ(Config().Coding.FalseCode, 255);
-}
-
-TEST_F(Vdr810Commands, AnOptionFileOfAnotherVersionThanItsNameIsRefused) {
-    Harness.Files[Option230] = SchemeOptionFile(1.0, 0);
-    Harness->mnuFileNewVdr810_Click();
-    ASSERT_EQ(Harness.Boxes.size(), 1U);
-    EXPECT_NE(Harness.Boxes[0].Text.find("PLC00230_OPT00012.810, header of version 1.00 and options 0"),
-              std::string::npos);
-    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr812);
-}
-
-/// A logic file with lists of its own beside an option file that cannot be read.
-struct Vdr810ListsHereAlone : Vdr810Commands {
-    Vdr810ListsHereAlone() {
-        Harness.Files[Option230] = "identity\r\n";
-        Harness.Files["/data/x.c10"] += "<LABEL INFO>\r\n3,20,OWN\r\n";
-        Open("/data/x.c10");
-        Harness.Boxes.clear();
-    }
-};
-
-TEST_F(Vdr810ListsHereAlone, SaveAsksBeforeItLeavesThemOut) {
-    const std::string before = Harness.Files["/data/x.c10"];
-    Harness.AnswerBox(MessageAnswer::Cancel);
-    Harness->mnuFileSave_Click();
-    ASSERT_EQ(Harness.Boxes.size(), 1U);
-    EXPECT_EQ(Harness.Boxes[0].Text, "The names of signals that this file brought along are in no option "
-                                     "file: PLC00230_OPT00012.810 could not "
-                                     "be made or read.  A logic file is saved without them.\r\nSelect OK to "
-                                     "save without the names.  To abort "
-                                     "press cancel.");
-    EXPECT_EQ(Harness.Files["/data/x.c10"], before);
-    Harness.AnswerBox(MessageAnswer::Ok);
-    Harness->mnuFileSave_Click();
-    EXPECT_EQ(Harness.Files["/data/x.c10"], SchemeLogicFile(2.3, 12));
-}
-
-TEST_F(Vdr810ListsHereAlone, SaveMakesTheOptionFileWhenItCanNow) {
-    Harness.Files.erase(Option230);
-    Harness->mnuFileNewVdr810_Click(); // offers nothing, but has looked at the folder anew
-    Harness->mnuFileSave_Click();
-    EXPECT_TRUE(HasFile(Option230));
-    EXPECT_TRUE(Harness.Boxes.empty());
-}
-
-TEST_F(Vdr810Commands, AFileThatCannotMakeItsOptionFileOpensNevertheless) {
-    Harness.Files.erase(Option230);
-    Harness.Files["/data/x.c10"] += "<LABEL INFO>\r\n3,20,OWN\r\n";
-    EditorHarness closed;
-    closed.Files = Harness.Files;
-    closed.Surroundings.Files.CreateNew = [](const std::string& path, std::uint32_t /*mode*/,
-                                             FileHandle& /*handle*/) {
-        return MakeFileError(PathAccessError, "create " + path);
-    };
-    closed.Start();
-    closed->OpenPath("/data/x.c10");
-    ASSERT_EQ(closed.Boxes.size(), 1U);
-    EXPECT_EQ(closed.Boxes[0].Text, "The selected path can not be accessed.");
-    EXPECT_EQ(closed->View().Inputs[4].Text, "OWN");
-    EXPECT_EQ(closed->Config().FilePath, "/data/x.c10");
-}
-
-TEST_F(Vdr810Commands, ARefusedFileIsShownWithTheNamesOfItsOptionFile) {
-    Harness.Files["/data/x.c10"] += "9,1\r\n";
-    Open("/data/x.c10");
-    EXPECT_EQ(Harness->View().Inputs[4].Text, "Z1P");
-    EXPECT_EQ(Harness->Identity().find("Missing"), std::string::npos);
 }
 
 TEST_F(Vdr810Commands, SaveAsRefusesTheOtherRelaysExtension) {

@@ -228,6 +228,16 @@ TEST_F(RecoveryKeeperTest, ACopyThatCannotBeWrittenIsTriedAgainAndTheOldOneStand
     EXPECT_EQ(EncodeRecoveryCopy(Work(2)), Disk.Content(FirstCopy));
 }
 
+TEST_F(RecoveryKeeperTest, ACopyWhoseWritingFailedLastLeavesNothingAtTheEndEither) {
+    const auto program = Program();
+    program->Rest(Work(0).Logic);
+    Disk.FailAll("flush folder", DeviceIoError);
+    KeepNow(*program, 1);
+    ASSERT_TRUE(Has(FirstCopy));
+    program->Close();
+    EXPECT_FALSE(Has(FirstCopy)) << "the next start would offer what was discarded";
+}
+
 TEST_F(RecoveryKeeperTest, AFaultAtAnyStepLeavesTheOldCopyOrTheNew) {
     for (std::size_t step = 1; step <= 12; ++step) {
         FakeFileSystem disk;
