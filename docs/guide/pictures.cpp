@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -88,12 +89,25 @@ void OpenGroupEditing(formPLG& window) {
 /// A dialog that waits for its answer is grabbed while it does.
 QImage waitingDialog;
 
-void OpenVdr810Options(formPLG& window) {
+void GrabNextDialog(formPLG& window) {
     QTimer::singleShot(0, &window, [] {
         QWidget* dialog = QApplication::activeModalWidget();
         waitingDialog = dialog->grab().toImage();
         dialog->close();
     });
+}
+
+void OpenPaper(formPLG& window) {
+    OpenPrint(window);
+    auto* print = Find<QWidget>(window, "formPrintBrindle");
+    auto* printers = print->findChild<QComboBox*>(QStringLiteral("cmbPrinterList"));
+    printers->setCurrentIndex(printers->count() - 1); // the PDF file
+    GrabNextDialog(window);
+    print->findChild<QAbstractButton*>(QStringLiteral("cmdSetup"))->click();
+}
+
+void OpenVdr810Options(formPLG& window) {
+    GrabNextDialog(window);
     Find<QAction>(window, "mnuFileNewVdr810")->trigger();
 }
 
@@ -112,11 +126,7 @@ void OfferRecovery(formPLG& window) {
     Editor editor(RealSurroundings(programFolder.path().toStdString(), [&window] { return &window; }));
     editor.Form_Initialize();
     formPLG next(editor);
-    QTimer::singleShot(0, &window, [] {
-        QWidget* question = QApplication::activeModalWidget();
-        waitingDialog = question->grab().toImage();
-        question->close();
-    });
+    GrabNextDialog(window);
     next.LoadAndShow();
 }
 
@@ -149,6 +159,7 @@ const Picture Pictures[] = {
     {"group-editing", "breaker_failure.pl", 1, 1, 0, false, Usual, OpenGroupEditing,
      "formGroupEditingFunctions"},
     {"print", "breaker_failure.pl", 1, 1, 0, false, Usual, OpenPrint, "formPrintBrindle"},
+    {"paper", "breaker_failure.pl", 1, 1, 0, false, Usual, OpenPaper},
     {"vdr810", "two_breakers.c10", 1, 1, 0, false, Usual},
     {"vdr810-latch", "single_breaker.c10", 1, 8, 0, false, Usual},
     {"vdr810-options", "", 1, 1, 0, false, Usual, OpenVdr810Options},

@@ -1,5 +1,7 @@
 #include "platform/printer_dialogs.h"
 
+#include "platform/paper_dialog.h"
+
 #include <QFontDatabase>
 #include <QLocale>
 #include <QPageSetupDialog>
@@ -56,6 +58,9 @@ PrinterFunctions SystemPrinters() {
     functions.Fonts = OutlineFonts;
     functions.ScreenFonts = AllFonts;
     functions.Setup = [printer](QWidget* owner, QPageLayout& layout) {
+        if (printer->outputFormat() == QPrinter::PdfFormat) { // Windows' own dialog is for its printers alone
+            return ShowPaperDialog(owner, layout);
+        }
         printer->setPageLayout(layout);
         QPageSetupDialog dialog(printer.get(), owner);
         const bool accepted = dialog.exec() == QDialog::Accepted;

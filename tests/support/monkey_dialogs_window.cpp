@@ -42,6 +42,7 @@ bool WaitsForAnswer(QWidget* modal) {
     return qobject_cast<QMessageBox*>(modal) != nullptr || qobject_cast<QFileDialog*>(modal) != nullptr ||
            qobject_cast<QInputDialog*>(modal) != nullptr ||
            qobject_cast<QPageSetupDialog*>(modal) != nullptr ||
+           modal->objectName() == QLatin1String("PaperDialog") ||
            modal->objectName() == QLatin1String("formVdr810OptionsBrindle");
 }
 
