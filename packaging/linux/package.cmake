@@ -1,21 +1,11 @@
-# What the packages hold. There are two layouts, each a component of the installation: "system" follows the folders of
+# The packages for Linux. There are two layouts, each a component of the installation: "system" follows the folders of
 # the system, and the program tells by share/brindle beside bin that it is installed (src/settings/program_folder.h);
-# "portable" is one folder with everything in it. CPack makes the first a .deb and the second a .tar.gz.
-set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS # whatever the mask of who builds
-  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-file(GLOB option_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/examples/PLC*.810)
-
-function(brindle_install_documents component folder)
-  install(FILES ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/copyright DESTINATION ${folder} ${component})
-  install(DIRECTORY ${CMAKE_SOURCE_DIR}/examples DESTINATION ${folder} ${component})
-  install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/ DESTINATION ${folder} ${component}
-    FILES_MATCHING PATTERN guide/README.md PATTERN "*.png" PATTERN "*-file.md" PATTERN logic-json.md)
-endfunction()
-
+# "portable" is the folder to be unpacked anywhere. CPack makes the first a .deb and the second a .tar.gz.
 set(system COMPONENT system)
 install(TARGETS brindle brindle-cli DESTINATION bin ${system})
 install(FILES ${option_files} DESTINATION share/brindle ${system})
 brindle_install_documents("${system}" share/doc/brindle)
+install(FILES packaging/linux/copyright DESTINATION share/doc/brindle ${system})
 install(FILES packaging/linux/brindle.desktop DESTINATION share/applications ${system})
 install(FILES packaging/linux/brindle-mime.xml DESTINATION share/mime/packages RENAME brindle.xml ${system})
 install(FILES packaging/linux/brindle.svg DESTINATION share/icons/hicolor/scalable/apps ${system})
@@ -24,10 +14,8 @@ foreach(size 16 24 32 48 128 256)
     RENAME brindle.png ${system})
 endforeach()
 
-set(portable COMPONENT portable EXCLUDE_FROM_ALL)
-install(TARGETS brindle brindle-cli DESTINATION . ${portable})
-install(FILES ${option_files} packaging/linux/README.txt DESTINATION . ${portable})
-brindle_install_documents("${portable}" documents)
+install(FILES packaging/linux/README.txt DESTINATION . ${portable})
+install(FILES packaging/linux/copyright DESTINATION documents ${portable})
 
 set(CPACK_PACKAGE_NAME brindle)
 set(CPACK_PACKAGE_VENDOR "the Brindle maintainers")
