@@ -189,7 +189,7 @@ void UnitDiagramWidget::FitInputText(QLineEdit& box) {
 }
 
 void UnitDiagramWidget::paintEvent(QPaintEvent* /*event*/) {
-    constexpr int frameInset = 2; // a group box draws its border inside its edge
+    constexpr int frameInset = 1; // a group box draws its border in its first or second column, by the style
     QPainter painter(this);
     const DiagramColours colours = ColoursOf(palette());
     painter.setRenderHint(QPainter::Antialiasing);

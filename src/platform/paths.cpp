@@ -76,7 +76,10 @@ FileNameParts Get_File_Name_Parts(std::string_view fullName, const PathStyle& st
     return parts;
 }
 
-std::string AbsolutePath(const std::string& startFolder, const std::string& path, const PathStyle& style) {
+std::string AbsolutePath(const std::string& startFolder, std::string path, const PathStyle& style) {
+    for (char& c : path) {
+        c = IsSeparator(c, style) ? style.Separator : c;
+    }
     if (path.empty() || IsNetworkPath(path, style)) {
         return path;
     }

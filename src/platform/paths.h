@@ -46,8 +46,9 @@ FileNameParts Get_File_Name_Parts(std::string_view fullName, const PathStyle& st
 /// `path` as a path from a root, taken relative to the absolute `startFolder` where it has none of its own.
 /// A leading "./" is dropped, any other "." or ".." stays. With drives, a path from the root of an unnamed
 /// drive takes that of `startFolder`; a relative one on another drive counts from that drive's root. An empty
-/// path names nothing and stays empty.
-std::string AbsolutePath(const std::string& startFolder, const std::string& path,
+/// path names nothing and stays empty. Its separators become the style's own: a path typed in two ways is
+/// one.
+std::string AbsolutePath(const std::string& startFolder, std::string path,
                          const PathStyle& style = SystemPaths);
 
 } // namespace brindle

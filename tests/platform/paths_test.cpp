@@ -142,7 +142,6 @@ TEST(AbsolutePath, ALeadingDotIsDropped) {
 TEST(AbsolutePath, AnAbsolutePathStays) {
     EXPECT_EQ("/x.pl", AbsolutePath("/home/me", "/x.pl", PosixPaths));
     EXPECT_EQ("C:\\x.pl", AbsolutePath("D:\\work", "C:\\x.pl", WindowsPaths));
-    EXPECT_EQ("c:/x.pl", AbsolutePath("D:\\work", "c:/x.pl", WindowsPaths));
     EXPECT_EQ("\\\\server\\share\\x.pl", AbsolutePath("D:\\work", "\\\\server\\share\\x.pl", WindowsPaths));
 }
 
@@ -155,6 +154,13 @@ TEST(AbsolutePath, ARootWithoutDriveIsThatOfTheStartFolder) {
 TEST(AbsolutePath, ADriveWithoutRootCountsFromTheStartFolderOnThatDrive) {
     EXPECT_EQ("D:\\work\\x.pl", AbsolutePath("D:\\work", "d:x.pl", WindowsPaths));
     EXPECT_EQ("C:\\x.pl", AbsolutePath("D:\\work", "C:x.pl", WindowsPaths));
+}
+
+TEST(AbsolutePath, HasTheSeparatorsOfItsSystem) {
+    EXPECT_EQ("c:\\a\\x.pl", AbsolutePath("D:\\work", "c:/a\\x.pl", WindowsPaths));
+    EXPECT_EQ("D:\\work\\a\\x.pl", AbsolutePath("D:\\work", "./a/x.pl", WindowsPaths));
+    EXPECT_EQ("\\\\server\\share\\x.pl", AbsolutePath("D:\\work", "//server/share/x.pl", WindowsPaths));
+    EXPECT_EQ("/home/me/a\\x.pl", AbsolutePath("/home/me", "a\\x.pl", PosixPaths)) << "part of a name there";
 }
 
 TEST(AbsolutePath, AnEmptyPathStaysEmpty) {
