@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -315,7 +316,8 @@ void formPLG::dragMoveEvent(QDragMoveEvent* event) {
 }
 
 void formPLG::dropEvent(QDropEvent* event) {
-    const std::string path = event->mimeData()->urls().front().toLocalFile().toStdString();
+    const QString dropped = event->mimeData()->urls().front().toLocalFile();
+    const std::string path = QDir::toNativeSeparators(dropped).toStdString();
     AcceptCopy(*event);
     // Later, so that the program that the file was dragged from need not wait for the answer to a question.
     QTimer::singleShot(0, this, [this, path] {

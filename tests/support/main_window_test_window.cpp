@@ -1,6 +1,7 @@
 #include "support/main_window_test_window.h"
 
 #include "app/surroundings.h"
+#include "support/native_path.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -23,7 +24,7 @@ MainWindowTest::~MainWindowTest() {
 
 void MainWindowTest::Start(const std::string& commandLine) {
     EditorSurroundings surroundings =
-        RealSurroundings(Folder.path().toStdString(), [this] { return Window.get(); });
+        RealSurroundings(NativePath(Folder.path()), [this] { return Window.get(); });
     surroundings.CommandLine = commandLine;
     TheEditor = std::make_unique<Editor>(surroundings);
     TheEditor->Form_Initialize();
@@ -59,7 +60,7 @@ std::string MainWindowTest::TextOf(const char* name) {
 }
 
 std::string MainWindowTest::PathOf(const std::string& name) const {
-    return Folder.filePath(QString::fromStdString(name)).toStdString();
+    return NativePath(Folder.filePath(QString::fromStdString(name)));
 }
 
 std::string MainWindowTest::Content(const std::string& name) const {

@@ -2,6 +2,7 @@
 
 #include "platform/paths.h"
 #include "settings/setting_keys.h"
+#include "support/native_path.h"
 #include "support/vdr810_scheme.h"
 
 #include <gtest/gtest.h>
@@ -17,11 +18,24 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array Stems{"scheme",     "New_File", "line 7",   "\u00F6st & v\u00E4st", "100%s",
-                           "a.b.c",      "[*]",      "-x",       "it's \"1\"",           "comma, too",
-                           "\U0001F642", "UPPER",    "tab\there"};
+/// The last three are no names on Windows.
+constexpr std::array Stems{"scheme", "New_File", "line 7",     "\u00F6st & v\u00E4st", "100%s", "a.b.c",
+                           "-x",     "it's 1",   "comma, too", "\U0001F642",           "UPPER", "[*]",
+                           "\"1\"",  "tab\there"};
+constexpr int StemsOnWindows = 11;
 
-std::string ContentOf(const fs::path& path) {
+/// Names are UTF-8 here, and on Windows not what a path takes for one.
+fs::path OnDisk(const std::string& path) {
+    return std::u8string(path.begin(), path.end());
+}
+
+std::string NameOf(const fs::directory_entry& entry) {
+    const std::u8string name = entry.path().u8string();
+    return {name.begin(), name.end()};
+}
+
+std::string ContentOf(const std::string& name) {
+    const fs::path path = OnDisk(name);
     std::error_code failed;
     const std::uintmax_t size = fs::file_size(path, failed);
     std::string content(failed ? 0 : static_cast<std::size_t>(size), '\0');
@@ -36,19 +50,19 @@ bool IsLogicName(const std::string& path) {
 void SetReadOnly(const std::string& path, bool readOnly) {
     const auto writing = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     std::error_code ignored;
-    fs::permissions(path, readOnly ? writing : fs::perms::owner_write,
+    fs::permissions(OnDisk(path), readOnly ? writing : fs::perms::owner_write,
                     readOnly ? fs::perm_options::remove : fs::perm_options::add, ignored);
 }
 
 } // namespace
 
 MonkeyDisk::MonkeyDisk(MonkeyChance& chance) : chance_(chance) {
-    root_ = JoinPath(outer_.path().toStdString(), "root");
+    root_ = JoinPath(NativePath(outer_.path()), "root");
     for (const char* name : {"program", "work", "work/north bay", "work/s\u00FCd, 100%"}) {
-        folders_.push_back(JoinPath(root_, name));
-        fs::create_directories(folders_.back());
+        folders_.push_back(AbsolutePath(root_, name));
+        fs::create_directories(OnDisk(folders_.back()));
     }
-    fs::create_directories(JoinPath(folders_[1], "folder.pl")); // a folder named like a file
+    fs::create_directories(OnDisk(JoinPath(folders_[1], "folder.pl"))); // a folder named like a file
     Put(JoinPath(ProgramFolder(), "PLC00100_OPT00000.810"), SchemeOptionFile(1.0, 0, 3), false);
     Put(JoinPath(ProgramFolder(), "PLC00230_OPT00012.810"), SchemeOptionFile(2.3, 12), false);
     PutLogicFiles();
@@ -69,7 +83,7 @@ void MonkeyDisk::PutLogicFiles() {
 
 void MonkeyDisk::Put(const std::string& path, const std::string& content, bool foreign) {
     SetReadOnly(path, false);
-    std::ofstream file(path, std::ios::binary);
+    std::ofstream file(OnDisk(path), std::ios::binary);
     if (!file) {
         return; // too long a name
     }
@@ -87,7 +101,7 @@ void MonkeyDisk::MarkForeign(const std::string& path, bool foreign) {
 }
 
 bool MonkeyDisk::Owns(const std::string& path) const {
-    return path == root_ || path.starts_with(root_ + "/");
+    return path == root_ || path.starts_with(AddTrailingSeparator(root_));
 }
 
 void MonkeyDisk::ExpectOwn(const std::string& path) const {
@@ -187,7 +201,8 @@ std::string MonkeyDisk::AnyFileName(const std::string& extension) {
     if (chance_.OneIn(60)) {
         return std::string(static_cast<std::size_t>(chance_.Number(200, 300)), 'n') + "." + extension;
     }
-    return std::string(chance_.Pick(Stems)) + "." + extension;
+    const int stems = SystemPaths.Drives ? StemsOnWindows : static_cast<int>(Stems.size());
+    return std::string(Stems.at(static_cast<std::size_t>(chance_.Number(0, stems - 1)))) + "." + extension;
 }
 
 std::string MonkeyDisk::AnyPath(const std::string& extension) {
@@ -226,7 +241,7 @@ void MonkeyDisk::RemoveOrTear() {
         return; // its own tests do that; without it the monkey could not tell what it should say
     }
     if (chance_.OneIn(2)) {
-        fs::remove(path);
+        fs::remove(OnDisk(path));
         files_.erase(path);
     } else {
         const std::string& content = files_.at(path);
@@ -249,7 +264,8 @@ void MonkeyDisk::PutRandomFile() {
 
 void MonkeyDisk::RemovePrints() {
     std::erase_if(files_, [](const auto& file) {
-        return (file.first.ends_with(".pdf") || file.first.ends_with(".txt")) && fs::remove(file.first);
+        return (file.first.ends_with(".pdf") || file.first.ends_with(".txt")) &&
+               fs::remove(OnDisk(file.first));
     });
 }
 
@@ -295,15 +311,15 @@ void MonkeyDisk::ForgetBadSpells() {
 
 void MonkeyDisk::ExpectAllKept() const {
     for (const auto& [path, content] : files_) {
-        ASSERT_TRUE(fs::is_regular_file(path)) << "lost: " << path;
+        ASSERT_TRUE(fs::is_regular_file(OnDisk(path))) << "lost: " << path;
         ASSERT_EQ(ContentOf(path), content) << "changed by nobody: " << path;
     }
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root_)) {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(OnDisk(root_))) {
         const bool lock = entry.path().extension() == ".lock"; // of the running program's recovery copy
-        ASSERT_TRUE(entry.is_directory() || lock || files_.contains(entry.path().string()))
+        ASSERT_TRUE(entry.is_directory() || lock || files_.contains(NameOf(entry)))
             << "left behind: " << entry.path();
     }
-    const fs::path outer = outer_.path().toStdString();
+    const fs::path outer = OnDisk(outer_.path().toStdString());
     ASSERT_EQ(std::distance(fs::directory_iterator(outer), fs::directory_iterator()), 1)
         << "something was made beside the user's root";
 }

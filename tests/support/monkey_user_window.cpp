@@ -6,6 +6,7 @@
 #include "files/vdr810_reader.h"
 #include "files/vdr810_writer.h"
 #include "platform/paths.h"
+#include "settings/own_profile.h"
 
 #include <QAction>
 #include <QDir>
@@ -71,7 +72,7 @@ MonkeyUser::~MonkeyUser() {
 EditorSurroundings MonkeyUser::Surroundings() {
     EditorSurroundings surroundings = RealSurroundings(Disk.ProgramFolder(), [this] { return Window.get(); });
     surroundings.Files = Disk.Files();
-    surroundings.Profile = SystemProfile(surroundings.Files);
+    surroundings.Profile = OwnProfile(surroundings.Files); // whose disk is seen, on Windows too
     surroundings.Folders = Disk.Folders();
     surroundings.ShowMessageBox = [this, real = surroundings.ShowMessageBox](const MessageBox& box) {
         return Dialogs.AnswerBox(box, real);

@@ -8,7 +8,6 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
-#include <QWindow>
 
 #include <map>
 #include <set>
@@ -141,13 +140,6 @@ TEST_F(MainWindow, TheSaveAsDialogProposesTheCurrentName) {
     EXPECT_EQ(Dialogs.FileDialogs.at(0).Title, "Save Binary File");
     EXPECT_EQ(Dialogs.FileDialogs.at(0).SelectedName, "New_File.pl");
     EXPECT_EQ(Dialogs.FileDialogs.at(0).Filters, (std::vector<std::string>{"Binary File (*.pl)"}));
-}
-
-TEST_F(MainWindow, ABracketedStarInAPathIsShownInTheTitle) {
-    Start();
-    Dialogs.ChooseFile(PathOf("a[*]b.pl"));
-    Choose("mnuSaveBin");
-    EXPECT_NE(Window->windowHandle()->title().indexOf(QStringLiteral("a[*]b.pl")), -1);
 }
 
 TEST_F(MainWindow, AFailedOpenShowsTheDiskErrorAndKeepsEverything) {

@@ -321,7 +321,10 @@ TEST_F(PrintTest, APdfFileThatCannotBeWrittenIsAFileError) {
     UsePdf();
     ASSERT_TRUE(QDir(Folder.path()).mkdir(QStringLiteral("x.pdf")));
     Dialogs.ChooseFile(PathOf("x.pdf") + "/y.pdf");
-    WhenShown = [this] { QDir(Folder.path()).rmdir(QStringLiteral("x.pdf")); };
+    WhenShown = [this] {
+        QDir::setCurrent(Folder.path()); // Windows removes no folder that is current
+        QDir(Folder.path()).rmdir(QStringLiteral("x.pdf"));
+    };
     Dialogs.PressButton("OK");
     Press("cmdPrint");
     ASSERT_EQ(1U, Dialogs.Messages.size());
