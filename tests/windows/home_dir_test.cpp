@@ -189,7 +189,7 @@ TEST_F(HomeDirWindow, AnExistingFolderIsRefused) {
 
 TEST_F(HomeDirWindow, StandsInTheMiddleOfTheScreen) {
     const QRect screen = Form->screen()->availableGeometry();
-    const QPoint offset = Form->geometry().center() - screen.center();
+    const QPoint offset = Form->pos() + Form->rect().center() - screen.center();
     EXPECT_LE(offset.manhattanLength(), 4);
 }
 

@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    // The windows are driven where no display is needed. On Windows no fonts are known there but those named.
+    // Where no other platform is asked for, the windows are driven on one that needs no display. On Windows
+    // that knows no fonts but those named.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     qputenv("QT_QPA_FONTDIR", BRINDLE_FONTS);
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); // whose controls no test could reach
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brindle"));
     QApplication::setQuitOnLastWindowClosed(false);
