@@ -58,7 +58,7 @@ TEST_F(PaperDialogTest, TakesPaperAndMarginsAndKeepsTheOrientation) {
 }
 
 TEST_F(PaperDialogTest, EveryPaperHasRoomForTheWidestMargins) {
-    Dialogs.Drive([this](QDialog& dialog) {
+    Dialogs.Drive([](QDialog& dialog) {
         ASSERT_LT(4, Paper(dialog)->count());
         for (int index = 0; index < Paper(dialog)->count(); ++index) {
             const auto id = static_cast<QPageSize::PageSizeId>(Paper(dialog)->itemData(index).toInt());
