@@ -51,10 +51,37 @@ bool IsDevice(const std::wstring& path) {
     return length > 0 && length < full.size() && full.compare(0, 4, L"\\\\.\\") == 0;
 }
 
+/// A file cannot be replaced while another program has it open, which scanners and indexers do for a moment
+/// with any file that was just written, and cannot be opened in the moment in which it is replaced.
+bool MayPass(DWORD systemError) {
+    return systemError == ERROR_ACCESS_DENIED || systemError == ERROR_SHARING_VIOLATION ||
+           systemError == ERROR_LOCK_VIOLATION;
+}
+
+/// Runs `attempt`, which tells whether it went well, again while what refuses it may pass. The system's last
+/// error is that of the last attempt.
+template<class Attempt>
+bool Patiently(Attempt attempt) {
+    constexpr DWORD FirstPause = 5;      // milliseconds; each further pause is twice as long
+    constexpr DWORD GreatestPause = 320; // all pauses together are 635 milliseconds
+    for (DWORD pause = FirstPause; !attempt(); pause *= 2) {
+        if (!MayPass(GetLastError()) || pause > GreatestPause) {
+            return false;
+        }
+        Sleep(pause);
+    }
+    return true;
+}
+
 /// Opens `path` for questions about it, its links followed.
 HANDLE OpenToLookAt(const std::wstring& path) {
-    return CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, ShareAll, nullptr, OPEN_EXISTING,
-                       FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    HANDLE handle = INVALID_HANDLE_VALUE;
+    Patiently([&] {
+        handle = CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, ShareAll, nullptr, OPEN_EXISTING,
+                             FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+        return handle != INVALID_HANDLE_VALUE;
+    });
+    return handle;
 }
 
 FileError GetStatus(const std::string& path, FileStatus& status) {
@@ -96,8 +123,12 @@ FileError FollowLinks(const std::string& path, std::string& target) {
     }
     target = path;
     const std::wstring wide = WideText(path);
-    const DWORD attributes = GetFileAttributesW(wide.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES) {
+    DWORD attributes = INVALID_FILE_ATTRIBUTES;
+    const bool known = Patiently([&] {
+        attributes = GetFileAttributesW(wide.c_str());
+        return attributes != INVALID_FILE_ATTRIBUTES;
+    });
+    if (!known) {
         return IsAbsence(GetLastError()) ? FileError{} : Failure("follow", path);
     }
     if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
@@ -127,10 +158,16 @@ FileError Open(const char* operation, const std::string& path, DWORD access, DWO
     if (IsIllegal(path)) {
         return IllegalName(operation, path);
     }
-    HANDLE opened = CreateFileW(WideText(path).c_str(), access, sharing, nullptr, disposition,
-                                FILE_ATTRIBUTE_NORMAL, nullptr);
+    const std::wstring wide = WideText(path);
+    HANDLE opened = INVALID_HANDLE_VALUE;
+    const auto open = [&] {
+        opened =
+            CreateFileW(wide.c_str(), access, sharing, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+        return opened != INVALID_HANDLE_VALUE;
+    };
+    const bool well = disposition == OPEN_EXISTING ? Patiently(open) : open();
     handle = Narrow(opened);
-    return opened == INVALID_HANDLE_VALUE ? Failure(operation, path) : FileError{};
+    return well ? FileError{} : Failure(operation, path);
 }
 
 FileError Read(FileHandle handle, char* bytes, std::size_t size, std::size_t& got) {
@@ -169,29 +206,15 @@ FileError Flush(FileHandle handle) {
                                                                    : SystemFileError(systemError, "flush");
 }
 
-/// A file cannot be replaced while another program has it open, which scanners and indexers do for a moment
-/// with any file that was just written.
-bool MayPass(DWORD systemError) {
-    return systemError == ERROR_ACCESS_DENIED || systemError == ERROR_SHARING_VIOLATION ||
-           systemError == ERROR_LOCK_VIOLATION;
-}
-
 FileError Rename(const std::string& from, const std::string& to) {
     if (IsIllegal(from) || IsIllegal(to)) {
         return IllegalName("rename to", to);
     }
-    constexpr DWORD FirstPause = 5;      // milliseconds; each further pause is twice as long
-    constexpr DWORD GreatestPause = 320; // all pauses together are 635 milliseconds
     const std::wstring source = WideText(from);
     const std::wstring target = WideText(to);
     const DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    for (DWORD pause = FirstPause; MoveFileExW(source.c_str(), target.c_str(), flags) == 0; pause *= 2) {
-        if (!MayPass(GetLastError()) || pause > GreatestPause) {
-            return Failure("rename to", to);
-        }
-        Sleep(pause);
-    }
-    return {};
+    const bool renamed = Patiently([&] { return MoveFileExW(source.c_str(), target.c_str(), flags) != 0; });
+    return renamed ? FileError{} : Failure("rename to", to);
 }
 
 FileError Remove(const std::string& path) {
