@@ -37,6 +37,21 @@ TEST_F(WholeFileOnDisk, AFileThatAScannerHoldsForAMomentIsReplacedOnceItLetsGo) 
     EXPECT_EQ(1, Folder.Count());
 }
 
+TEST_F(WholeFileOnDisk, AFileThatIsDeniedForAMomentIsReadOnceItIsFree) {
+    Folder.Put("x.pl", "old");
+    const HeldFile other(Folder.Path("x.pl"), std::chrono::milliseconds(150));
+    ASSERT_TRUE(other.Held());
+    EXPECT_EQ(0, Read(Folder.Path("x.pl")));
+    EXPECT_EQ("old", Bytes);
+}
+
+TEST_F(WholeFileOnDisk, AFileThatStaysDeniedIsSaidToBe) {
+    Folder.Put("x.pl", "old");
+    const HeldFile other(Folder.Path("x.pl"));
+    ASSERT_TRUE(other.Held());
+    EXPECT_EQ(PermissionDeniedError, Read(Folder.Path("x.pl")));
+}
+
 TEST_F(WholeFileOnDisk, AFileThatAnotherProgramKeepsOpenStaysWholeAndTheUserIsTold) {
     Folder.Put("x.pl", "old");
     {
