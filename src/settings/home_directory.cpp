@@ -26,9 +26,7 @@ bool IsOnDrive(const std::string& path, const std::string& drive, const PathStyl
 } // namespace
 
 bool StoreHomeDirectory(SettingsFile& settings, const std::string& folder) {
-    // A value reads back without blanks at its end, unless it stands in quotes.
-    const bool needsQuotes = !folder.empty() && folder.back() == ' ';
-    return settings.Write(KeyHomeDir, needsQuotes ? '"' + folder + '"' : folder, SectionBrindle);
+    return settings.Write(KeyHomeDir, folder, SectionBrindle);
 }
 
 HomeDirectoryChooser::HomeDirectoryChooser(NewFolderFunctions functions,

@@ -13,10 +13,13 @@ namespace {
 /// What breaks a line, or ends a text for the system's own profile functions.
 constexpr std::string_view Unstorable{"\r\n\0", 3};
 
+bool StandsInQuotes(std::string_view value) {
+    return value.size() >= 2 && value.front() == value.back() &&
+           (value.front() == '"' || value.front() == '\'');
+}
+
 std::string_view WithoutQuotes(std::string_view value) {
-    const bool quoted =
-        value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
-    return quoted ? value.substr(1, value.size() - 2) : value;
+    return StandsInQuotes(value) ? value.substr(1, value.size() - 2) : value;
 }
 
 std::string ReadableValue(std::string_view value) {
@@ -96,25 +99,30 @@ int ProfileInteger(std::string_view value, int fallback) {
                                                      std::numeric_limits<std::int32_t>::max()));
 }
 
+std::string WrittenProfileValue(std::string_view value) {
+    const bool bare = TrimProfileText(value).size() == value.size() && !StandsInQuotes(value);
+    return bare ? std::string(value) : '"' + std::string(value) + '"';
+}
+
 std::string SetProfileValue(std::string_view text, std::string_view section, std::string_view key,
                             std::string_view value) {
-    value = TrimProfileText(value); // else a rewritten line would gather blanks, which nobody reads
+    const std::string written = WrittenProfileValue(value);
     const std::string_view ending = ProfileLineEnding(text);
     const std::optional<ProfileSection> found = FindProfileSection(text, section);
     if (!found) {
         const std::string heading = std::string("[").append(section).append("]").append(ending);
-        return Insert(text, text.size(), heading + Line(key, value, ending));
+        return Insert(text, text.size(), heading + Line(key, written, ending));
     }
     const std::optional<ProfileLine> line = FindProfileKey(text, *found, key);
     if (!line) {
-        return Insert(text, EndOfContent(text, *found), Line(key, value, ending));
+        return Insert(text, EndOfContent(text, *found), Line(key, written, ending));
     }
     if (ReadableValue(line->Value) == value) {
         return std::string(text);
     }
     std::string edited(text);
     return edited.replace(static_cast<std::size_t>(line->Value.data() - text.data()), line->Value.size(),
-                          value);
+                          written);
 }
 
 std::string DeleteProfileKey(std::string_view text, std::string_view section, std::string_view key) {

@@ -26,6 +26,10 @@ std::optional<std::string> FindProfileValue(std::string_view text, std::string_v
 /// A number beyond 32 bits becomes the nearest that has 32; no digits read as `fallback`.
 int ProfileInteger(std::string_view value, int fallback);
 
+/// A value as it is written: in quotes when it would not read back as it is without them, having blanks at an
+/// end or quotes of its own around it.
+std::string WrittenProfileValue(std::string_view value);
+
 /// The text with `key` saying `value`; `text` itself when it does already. A new key goes to the end of its
 /// section, before the blank lines that set the section off; a new section to the end of the text.
 std::string SetProfileValue(std::string_view text, std::string_view section, std::string_view key,
@@ -40,8 +44,7 @@ std::string DeleteProfileSection(std::string_view text, std::string_view section
 
 /// Whether names and value can stand in a profile and be found again: no line breaks and zero bytes anywhere;
 /// names neither empty nor with outer blanks; no "]" in a section; no "=" in a key, nor ";" or "[" as its
-/// first character. No key or value, as for a deletion, is well. (A value with outer blanks or quotes can be
-/// stored, but reads back without them.)
+/// first character. No key or value, as for a deletion, is well.
 bool IsProfileEntry(std::string_view section, const std::optional<std::string>& key,
                     const std::optional<std::string>& value);
 

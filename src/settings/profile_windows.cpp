@@ -36,7 +36,7 @@ bool Write(const std::string& path, const std::string& section, const std::optio
         return false;
     }
     const std::wstring wideKey = WideText(key.value_or(""));
-    const std::wstring wideValue = WideText(value.value_or(""));
+    const std::wstring wideValue = WideText(WrittenProfileValue(value.value_or("")));
     const bool deletes = !key || !value;
     if (deletes && GetFileAttributesW(WideText(path).c_str()) == INVALID_FILE_ATTRIBUTES) {
         return true; // nothing to delete, and no file to be created for it

@@ -34,14 +34,23 @@ rc::Gen<std::string> AnyText() {
         });
 }
 
-/// A value that a reader hands back as it was written: neither outer blanks nor quotes.
-rc::Gen<std::string> PlainValue() {
-    return rc::gen::map(rc::gen::arbitrary<std::string>(), [](std::string value) {
-        std::erase_if(value, [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
-        value = TrimProfileText(value);
-        const bool quoted = value.size() > 1 && value.front() == value.back() &&
-                            (value.front() == '"' || value.front() == '\'');
-        return quoted ? "x" + value : value;
+/// Any text that can be stored, bare or among the blanks and quotes that a reader takes off.
+rc::Gen<std::string> AnyStorable() {
+    const auto edge = rc::gen::element<std::string>("", " ", "\t", "\"", "'", "\" ", " '");
+    return rc::gen::map(rc::gen::tuple(edge, rc::gen::arbitrary<std::string>(), edge),
+                        [](const std::tuple<std::string, std::string, std::string>& parts) {
+                            std::string text = std::get<0>(parts) + std::get<1>(parts) + std::get<2>(parts);
+                            std::erase_if(text, [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
+                            return text;
+                        });
+}
+
+/// Any name that a section and a key can have.
+rc::Gen<std::string> AnyName() {
+    return rc::gen::map(AnyStorable(), [](std::string text) {
+        std::erase_if(text, [](char c) { return c == '=' || c == ']' || c == ';' || c == '['; });
+        const std::string name(TrimProfileText(text));
+        return name.empty() ? "'" : name;
     });
 }
 
@@ -63,10 +72,22 @@ RC_GTEST_PROP(ProfileText, AWrittenValueReadsBackInAnyFile, ()) {
     const std::string text = *AnyText();
     const std::string section = *rc::gen::elementOf(Sections);
     const std::string key = *rc::gen::elementOf(Keys);
-    const std::string value = *PlainValue();
+    const std::string value = *AnyStorable();
     const std::string edited = SetProfileValue(text, section, key, value);
     RC_ASSERT(FindProfileValue(edited, section, key) == Value(value));
     RC_ASSERT(SetProfileValue(edited, section, key, value) == edited);
+}
+
+RC_GTEST_PROP(ProfileText, WhatIsReadUnderAnyKeyIsWrittenAndReadTheSame, ()) {
+    const std::string section = *AnyName();
+    const std::string key = *AnyName();
+    RC_ASSERT(IsProfileEntry(section, key, ""));
+    const std::string text = "[" + section + "]\n" + key + "=" + *AnyStorable() + "\n";
+    const Value read = FindProfileValue(text, section, key);
+    RC_ASSERT(read.has_value());
+    RC_ASSERT(SetProfileValue(text, section, key, *read) == text);
+    const std::string moved = SetProfileValue("", section, key, *read);
+    RC_ASSERT(FindProfileValue(moved, section, key) == read);
 }
 
 RC_GTEST_PROP(ProfileText, WritingOneKeyLeavesEveryOtherValue, ()) {
@@ -81,7 +102,7 @@ RC_GTEST_PROP(ProfileText, WritingOneKeyLeavesEveryOtherValue, ()) {
 RC_GTEST_PROP(ProfileText, WritingAnOldKeyChangesBytesOfItsLineAlone, ()) {
     const std::string section = *rc::gen::elementOf(Sections);
     const std::string key = *rc::gen::elementOf(Keys);
-    const std::string text = SetProfileValue(*AnyText(), section, key, *PlainValue());
+    const std::string text = SetProfileValue(*AnyText(), section, key, *AnyStorable());
     const ProfileLine line = *FindProfileKey(text, *FindProfileSection(text, section), key);
     const std::string edited = SetProfileValue(text, section, key, "new");
     RC_ASSERT(edited.substr(0, line.Begin) == text.substr(0, line.Begin));

@@ -133,10 +133,22 @@ TEST(SetProfileValue, AValueThatReadsAlikeChangesNothing) {
     EXPECT_EQ(text, SetProfileValue(text, "A", "key", "same"));
 }
 
-TEST(SetProfileValue, OuterBlanksDoNotGatherInTheLine) {
-    const std::string once = SetProfileValue("[A]\nKey=1\n", "A", "Key", "  two ");
-    EXPECT_EQ("[A]\nKey=two\n", once);
-    EXPECT_EQ(once, SetProfileValue(once, "A", "Key", "  two "));
+TEST(SetProfileValue, AValueThatWouldReadOtherwiseIsWrittenInQuotes) {
+    const auto written = [](const std::string& value) {
+        const std::string text = SetProfileValue("[A]\nKey=1\n", "A", "Key", value);
+        EXPECT_EQ(Value(value), FindProfileValue(text, "A", "Key"));
+        EXPECT_EQ(text, SetProfileValue(text, "A", "Key", value));
+        return text;
+    };
+    EXPECT_EQ("[A]\nKey=\"  two \"\n", written("  two "));
+    EXPECT_EQ("[A]\nKey=\"two\t\"\n", written("two\t"));
+    EXPECT_EQ("[A]\nKey=\" \"\n", written(" "));
+    EXPECT_EQ("[A]\nKey=\"\"two\"\"\n", written("\"two\""));
+    EXPECT_EQ("[A]\nKey=\"' '\"\n", written("' '"));
+    EXPECT_EQ("[A]\nKey=\"''\"\n", written("''"));
+    EXPECT_EQ("[A]\nKey=\"two\n", written("\"two")) << "a quote at one end is a letter as others";
+    EXPECT_EQ("[A]\nKey='\n", written("'"));
+    EXPECT_EQ("[A]\nKey=\n", written(""));
 }
 
 TEST(SetProfileValue, ANewKeyGoesToTheEndOfItsSectionBeforeTheBlankLines) {

@@ -42,6 +42,14 @@ TEST_F(ProfileOfWindows, WhatOursWritesTheSystemReads) {
     EXPECT_EQ(-120, System.ReadInteger(Path, "Brindle", "WindowTop", 7));
 }
 
+TEST_F(ProfileOfWindows, WhatNeedsQuotesReadsBackAsItWasWritten) {
+    for (const std::string value : {"C:\\blank ", "' '", "\"quoted\"", " "}) {
+        EXPECT_TRUE(System.Write(Path, "Brindle", "HomeDir", value));
+        EXPECT_EQ(value, System.ReadText(Path, "Brindle", "HomeDir", ""));
+        EXPECT_EQ(value, Own.ReadText(Path, "Brindle", "HomeDir", ""));
+    }
+}
+
 TEST_F(ProfileOfWindows, EachDeletesWhatTheOtherWrote) {
     EXPECT_TRUE(System.Write(Path, "Brindle", "HomeDir", "C:\\"));
     EXPECT_TRUE(System.Write(Path, "Brindle", "Revision", "1"));
