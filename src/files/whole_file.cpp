@@ -120,9 +120,8 @@ FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::s
 }
 
 FileError ReadWholeText(const FileSystem& files, const std::string& path, std::string& text) {
-    constexpr std::size_t greatest = std::size_t{16} << 20U;
-    FileError error = ReadWholeFile(files, path, greatest + 1, text);
-    if (!error.Failed() && text.size() > greatest) {
+    FileError error = ReadWholeFile(files, path, GreatestTextSize + 1, text);
+    if (!error.Failed() && text.size() > GreatestTextSize) {
         text.clear();
         return MakeFileError(BadRecordLengthError, "read " + path);
     }

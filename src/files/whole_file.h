@@ -19,7 +19,10 @@ bool IsAbsent(const FileSystem& files, const std::string& path);
 FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::size_t limit,
                         std::string& bytes);
 
-/// Reads the whole regular file at `path`; one larger than any text of ours (16 MiB) is BadRecordLengthError.
+/// The size of the largest text that is read, far larger than any of ours.
+inline constexpr std::size_t GreatestTextSize = std::size_t{16} << 20U;
+
+/// Reads the whole regular file at `path`; one larger than GreatestTextSize is BadRecordLengthError.
 FileError ReadWholeText(const FileSystem& files, const std::string& path, std::string& text);
 
 /// Makes `bytes` the whole content of the file at `path`, or leaves the old file as it was: the bytes are

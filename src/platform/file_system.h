@@ -16,12 +16,25 @@ enum class FileType {
     Other   ///< a pipe, a socket, a disk: nothing to read or write a file's content from or to
 };
 
+/// Which file of which disk it is, whatever its name; zeros where the system has no such numbers.
+struct FileIdentity {
+    std::uint64_t Disk = 0;
+    std::uint64_t Number = 0;
+
+    bool operator==(const FileIdentity&) const = default;
+};
+
 /// What is at a path, links followed.
 struct FileStatus {
     FileType Type = FileType::Absent;
     std::uint64_t Size = 0;
     std::uint32_t Mode = 0; ///< permission bits of the system, to be handed to CreateNew; 0 where it has none
     bool Writable = false;  ///< not marked read-only, and we may write to it
+    /// When its content was written last, in the system's own count; only good for being compared.
+    std::int64_t WrittenAt = 0;
+    FileIdentity Identity{};
+
+    bool operator==(const FileStatus&) const = default;
 };
 
 using FileHandle = int;

@@ -18,6 +18,7 @@ constexpr mode_t PermissionBits = 07777;
 constexpr mode_t WriteBits = S_IWUSR | S_IWGRP | S_IWOTH;
 constexpr mode_t UsualMode = 0666; // less the user's mask
 constexpr int GreatestLinkDepth = 40;
+constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
 
 std::string FolderOf(const std::string& path) {
     const std::size_t separator = path.rfind('/');
@@ -84,6 +85,8 @@ FileError GetStatus(const std::string& path, FileStatus& status) {
     status.Mode = found.st_mode & PermissionBits;
     // A file without any write bit was marked read-only on purpose, which counts for the superuser too.
     status.Writable = (found.st_mode & WriteBits) != 0 && ::access(path.c_str(), W_OK) == 0;
+    status.WrittenAt = found.st_mtim.tv_sec * NanosecondsPerSecond + found.st_mtim.tv_nsec;
+    status.Identity = {found.st_dev, found.st_ino};
     return {};
 }
 

@@ -84,6 +84,10 @@ HANDLE OpenToLookAt(const std::wstring& path) {
     return handle;
 }
 
+std::uint64_t Joined(DWORD high, DWORD low) {
+    return static_cast<std::uint64_t>(high) << 32U | low;
+}
+
 FileError GetStatus(const std::string& path, FileStatus& status) {
     status = {};
     if (IsIllegal(path)) {
@@ -108,8 +112,11 @@ FileError GetStatus(const std::string& path, FileStatus& status) {
     } else {
         const bool folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
         status.Type = folder ? FileType::Folder : FileType::Regular;
-        status.Size = static_cast<std::uint64_t>(found.nFileSizeHigh) << 32U | found.nFileSizeLow;
+        status.Size = Joined(found.nFileSizeHigh, found.nFileSizeLow);
         status.Writable = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) == 0;
+        status.WrittenAt = static_cast<std::int64_t>(
+            Joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime));
+        status.Identity = {found.dwVolumeSerialNumber, Joined(found.nFileIndexHigh, found.nFileIndexLow)};
     }
     CloseHandle(handle);
     return error;

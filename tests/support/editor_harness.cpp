@@ -70,6 +70,8 @@ void EditorHarness::SupplyFiles() {
         status = {};
         if (Files.count(path) == 1) {
             status = {FileType::Regular, Files[path].size(), 0644, true};
+            // Two contents have two times, so that a change of the map shows as one of a disk does.
+            status.WrittenAt = static_cast<std::int64_t>(std::hash<std::string>{}(Files[path]));
         }
         return FileError{};
     };

@@ -56,6 +56,8 @@ void FakeFileSystem::Add(const std::string& path, FileType type, std::uint32_t m
     node->Mode = mode;
     node->Bytes = bytes;
     node->FlushedBytes = bytes;
+    node->Number = ++lastNumber_;
+    node->WrittenAt = ++clock_;
     names_[path] = node;
     flushedNames_[path] = node;
 }
@@ -187,7 +189,8 @@ FileError FakeFileSystem::Status(const std::string& path, FileStatus& status) {
         return MakeFileError(BadFileNameError, "status");
     }
     if (const Node* node = Find(path); node != nullptr) {
-        status = {node->Type, node->Bytes.size(), node->Mode, (node->Mode & WriteBits) != 0};
+        status = {node->Type,      node->Bytes.size(), node->Mode, (node->Mode & WriteBits) != 0,
+                  node->WrittenAt, {1, node->Number}};
     }
     return {};
 }
@@ -244,13 +247,17 @@ FileError FakeFileSystem::CreateNew(const std::string& path, std::uint32_t mode,
     }
     names_[path] = std::make_shared<Node>();
     names_[path]->Mode = mode == 0 ? UsualMode : mode;
+    names_[path]->Number = ++lastNumber_;
+    names_[path]->WrittenAt = ++clock_;
     handle = Open(path);
     return {};
 }
 
 FileError FakeFileSystem::Write(FileHandle handle, const char* bytes, std::size_t size) {
     FileError error = Begin("write " + std::to_string(size) + " bytes");
-    open_.at(handle).File->Bytes.append(bytes, error.Failed() ? size / 2 : size);
+    Node& file = *open_.at(handle).File;
+    file.Bytes.append(bytes, error.Failed() ? size / 2 : size);
+    file.WrittenAt = ++clock_;
     return error;
 }
 

@@ -70,6 +70,8 @@ class FakeFileSystem {
         std::string FlushedBytes;
         std::uint32_t Mode = 0;
         std::string LinkTarget; ///< empty for anything but a link
+        std::uint64_t Number = 0;
+        std::int64_t WrittenAt = 0;
     };
 
     struct OpenFile {
@@ -103,6 +105,8 @@ class FakeFileSystem {
     NodeNames flushedNames_;
     std::map<FileHandle, OpenFile> open_;
     FileHandle lastHandle_ = 100; // no number that the system gives: mixing up the two shows
+    std::uint64_t lastNumber_ = 0;
+    std::int64_t clock_ = 0; ///< goes on with each write
     std::vector<std::string> log_;
     std::function<int(std::size_t operation, const std::string& record)> fault_;
 };
