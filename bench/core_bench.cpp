@@ -30,9 +30,9 @@ struct OpenProgram {
 /// The example with the most text: its version shows four gates a unit. The groups that it leaves empty are
 /// filled with its first, as after a copy of the group.
 bool Load(OpenProgram& program) {
-    std::size_t bytesRead = 0;
+    ProgramReading reading;
     const FileError error = ReadProgramFile(RealFileSystem(), BRINDLE_EXAMPLES "/pilot_supervision.pl",
-                                            program.Config, bytesRead);
+                                            program.Config, reading);
     if (error.Failed()) {
         return false;
     }

@@ -15,29 +15,16 @@ namespace brindle {
 namespace {
 
 int ReadProgram(const CommandEnvironment& environment, const std::string& path, LogicConfig& config) {
-    std::size_t bytesRead = 0;
-    FileError error = ReadProgramFile(environment.Files, path, config, bytesRead);
+    ProgramReading reading;
+    const FileError error = ReadProgramFile(environment.Files, path, config, reading);
     if (error.Failed()) {
         return ComplainOfFile(environment, path, error);
     }
-    const std::string whole = std::to_string(ProgramFileSize);
-    if (bytesRead < ProgramFileSize) {
-        Complain(environment, path + ": " + std::to_string(bytesRead) + " bytes instead of " + whole +
-                                  ", the missing ones were read as zero");
-        return ExitFinding;
+    if (reading.Kind == ProgramKind::Vdr812) {
+        return ExitWell;
     }
-    FileStatus status;
-    error = environment.Files.Status(path, status);
-    if (error.Failed()) {
-        return ComplainOfFile(environment, path, error);
-    }
-    if (status.Size > ProgramFileSize) {
-        Complain(environment, path + ": " + std::to_string(status.Size) + " bytes instead of " + whole +
-                                  ", the last " + std::to_string(status.Size - ProgramFileSize) +
-                                  " were ignored");
-        return ExitFinding;
-    }
-    return ExitWell;
+    Complain(environment, path + ": " + ForeignNotice(reading.Kind, reading.Size));
+    return ExitFinding;
 }
 
 /// The lines of a box. They quote the file, so control characters become blanks as in any complaint.

@@ -14,7 +14,7 @@ int FilterIndexOf(RelayKind model) {
     return model == RelayKind::Vdr812 ? 1 : 2;
 }
 
-MessageBox ShortFileNotice(const std::string& path, std::size_t bytesRead) {
+MessageBox ShortFileNotice(const std::string& path, std::uint64_t bytesRead) {
     return {"The file " + path + " holds only " + std::to_string(bytesRead) + " of the " +
                 std::to_string(ProgramFileSize) +
                 " bytes of a program.  The missing bytes were read as zero.",
@@ -114,10 +114,10 @@ void Editor::Open(const ChosenFile& file) {
 
 void Editor::OpenVdr812(const ChosenFile& file) {
     LogicConfig opened = config_;
-    std::size_t bytesRead = 0;
+    ProgramReading reading;
     {
         const Hourglass hourglass(window_);
-        const auto read = [&] { return ReadProgramFile(surroundings_.Files, file.Path, opened, bytesRead); };
+        const auto read = [&] { return ReadProgramFile(surroundings_.Files, file.Path, opened, reading); };
         if (RunFileCommand({read}, OpenFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
             return;
         }
@@ -129,8 +129,8 @@ void Editor::OpenVdr812(const ChosenFile& file) {
         RefreshIdentity();
         EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
     }
-    if (bytesRead < ProgramFileSize) {
-        surroundings_.ShowMessageBox(ShortFileNotice(file.Path, bytesRead));
+    if (reading.Size < ProgramFileSize) {
+        surroundings_.ShowMessageBox(ShortFileNotice(file.Path, reading.Size));
     }
 }
 

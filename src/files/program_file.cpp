@@ -144,11 +144,16 @@ void DecodeProgram(std::string_view bytes, LogicConfig& config) {
 }
 
 FileError ReadProgramFile(const FileSystem& files, const std::string& path, LogicConfig& config,
-                          std::size_t& bytesRead) {
+                          ProgramReading& reading) {
     std::string bytes;
-    FileError error = ReadWholeFile(files, path, ProgramFileSize, bytes);
+    FileError error = ReadWholeFile(files, path, ProgramFileSize + 1, bytes);
+    FileStatus status;
+    status.Size = bytes.size();
+    if (bytes.size() > ProgramFileSize) {
+        error = files.Status(path, status);
+    }
     if (!error.Failed()) {
-        bytesRead = bytes.size();
+        reading = {status.Size, KindOfProgram(bytes, status.Size)};
         DecodeProgram(bytes, config);
     }
     return error;

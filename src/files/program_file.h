@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/foreign_file.h"
 #include "model/logic_config.h"
 #include "platform/file_error.h"
 #include "platform/file_system.h"
@@ -13,6 +14,7 @@
 namespace brindle {
 
 inline constexpr std::size_t ProgramFileSize = 2048;
+inline constexpr std::string_view ProgramMagic = "plcd"; ///< with which every program begins
 
 /// The bytes of a whole program file.
 using ProgramImage = std::array<char, ProgramFileSize>;
@@ -30,10 +32,16 @@ FileError EncodeProgram(const LogicConfig& config, ProgramImage& image);
 /// validated. File path, title and `Modified` are the caller's.
 void DecodeProgram(std::string_view bytes, LogicConfig& config);
 
-/// Reads the file at `path` into `config`. `bytesRead` (0 to 2048) tells a file too short from a whole one.
-/// On failure `config` is unchanged.
+/// What the file that a program was read from is.
+struct ProgramReading {
+    std::uint64_t Size = 0; ///< of the whole file
+    ProgramKind Kind = ProgramKind::Vdr812;
+};
+
+/// Reads the file at `path` into `config`, whatever it is, and tells what it is. On failure both are
+/// unchanged.
 FileError ReadProgramFile(const FileSystem& files, const std::string& path, LogicConfig& config,
-                          std::size_t& bytesRead);
+                          ProgramReading& reading);
 
 /// Writes `config` to the file at `path`, replacing it whole, or leaves the old file.
 FileError WriteProgramFile(const FileSystem& files, const std::string& path, const LogicConfig& config);

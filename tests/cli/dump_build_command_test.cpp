@@ -27,8 +27,10 @@ TEST(DumpCommand, AShortFileIsDumpedAndFound) {
     run.Files.AddFile("/home/me/x.pl", NewProgramBytes(Version230).substr(0, 2047));
     EXPECT_EQ(ExitFinding, run.Run({"dump", "/home/me/x.pl"}));
     EXPECT_EQ(NewModel(Version230), run.Out.str()) << "the missing byte reads as zero";
-    EXPECT_EQ("brindle-cli: /home/me/x.pl: 2047 bytes instead of 2048, the missing ones were read as zero\n",
-              run.Err.str());
+    EXPECT_EQ(
+        "brindle-cli: /home/me/x.pl: This is not a VDR812 program: 2047 bytes instead of 2048, the missing "
+        "ones read as zero.\n",
+        run.Err.str());
 }
 
 TEST(DumpCommand, AFileThatCannotBeReadWritesNothing) {

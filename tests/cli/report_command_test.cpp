@@ -2,6 +2,7 @@
 #include "report/logic_report.h"
 #include "support/command_run.h"
 #include "support/program_bytes.h"
+#include "support/vdr810_scheme.h"
 
 #include <gtest/gtest.h>
 
@@ -114,29 +115,33 @@ TEST(ReportCommand, AMissingFileFailsWithItsNameAndCause) {
     EXPECT_EQ(run.Err.str().size() - 1, run.Err.str().find('\n')) << "one line";
 }
 
-TEST(ReportCommand, AShortFileIsReportedAndFound) {
-    ReportRun run;
-    run.Files.AddFile("/home/me/short.pl", NewProgramBytes(Version230).substr(0, 100));
-    EXPECT_EQ(ExitFinding, run.Run({"report", "/home/me/short.pl", "--group", "1", "--unit", "T1"}));
-    EXPECT_EQ((std::vector<std::string>{"G1 - T1"}), ReportedUnits(run.Out.str()));
-    EXPECT_EQ(
-        "brindle-cli: /home/me/short.pl: 100 bytes instead of 2048, the missing ones were read as zero\n",
-        run.Err.str());
-}
+TEST(ReportCommand, AFileThatIsNoProgramIsReportedAndFound) {
+    const std::string program = NewProgramBytes(Version230);
+    const std::string script = "#!/usr/bin/perl\nprint 1;\n";
+    const std::string logicFile = SchemeLogicFile(2.30, 12);
 
-TEST(ReportCommand, OfALongFileTheRestIsIgnoredAndSaidSo) {
-    ReportRun run;
-    run.Files.AddFile("/home/me/long.pl", NewProgramBytes(Version230) + "tail");
-    EXPECT_EQ(ExitFinding, run.Run({"report", "/home/me/long.pl", "--group", "1", "--unit", "T1"}));
-    EXPECT_EQ("brindle-cli: /home/me/long.pl: 2052 bytes instead of 2048, the last 4 were ignored\n",
-              run.Err.str());
-}
+    struct Foreign {
+        std::string Bytes;
+        std::string Told;
+    };
 
-TEST(ReportCommand, AnEmptyFileIsAFindingOfNoBytes) {
-    ReportRun run;
-    run.Files.AddFile("/home/me/empty.pl", "");
-    EXPECT_EQ(ExitFinding, run.Run({"report", "/home/me/empty.pl", "--group", "1", "--unit", "T1"}));
-    EXPECT_NE(std::string::npos, run.Err.str().find(": 0 bytes instead of 2048")) << run.Err.str();
+    for (const auto& [bytes, told] :
+         {Foreign{program.substr(0, 100),
+                  "This is not a VDR812 program: 100 bytes instead of 2048, the missing ones read as zero."},
+          Foreign{program + "tail",
+                  "This is not a VDR812 program: 2052 bytes instead of 2048, the last ones ignored."},
+          Foreign{"",
+                  "This is not a VDR812 program: 0 bytes instead of 2048, the missing ones read as zero."},
+          Foreign{script, "This is not a VDR812 program: it does not begin with \"plcd\" and holds 25 bytes "
+                          "instead of 2048."},
+          Foreign{"x" + program.substr(1), "This is not a VDR812 program: it does not begin with \"plcd\"."},
+          Foreign{logicFile, "This is a VDR810 logic file, though its name does not end in .c10."}}) {
+        ReportRun run;
+        run.Files.AddFile("/home/me/foreign.pl", bytes);
+        EXPECT_EQ(ExitFinding, run.Run({"report", "/home/me/foreign.pl", "--group", "1", "--unit", "T1"}));
+        EXPECT_EQ((std::vector<std::string>{"G1 - T1"}), ReportedUnits(run.Out.str()));
+        EXPECT_EQ("brindle-cli: /home/me/foreign.pl: " + told + "\n", run.Err.str());
+    }
 }
 
 } // namespace

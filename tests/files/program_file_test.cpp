@@ -230,9 +230,10 @@ TEST(ProgramFileOnDisk, IsWrittenAndReadBack) {
     ASSERT_FALSE(WriteProgramFile(RealFileSystem(), folder.Path("x.pl"), config).Failed());
     EXPECT_EQ(Encoded(config), folder.Content("x.pl"));
     LogicConfig read;
-    std::size_t bytesRead = 0;
-    ASSERT_FALSE(ReadProgramFile(RealFileSystem(), folder.Path("x.pl"), read, bytesRead).Failed());
-    EXPECT_EQ(ProgramFileSize, bytesRead);
+    ProgramReading reading;
+    ASSERT_FALSE(ReadProgramFile(RealFileSystem(), folder.Path("x.pl"), read, reading).Failed());
+    EXPECT_EQ(ProgramFileSize, reading.Size);
+    EXPECT_EQ(ProgramKind::Vdr812, reading.Kind);
     EXPECT_EQ(config.Groups, read.Groups);
     EXPECT_EQ(config.Header, read.Header);
 }
@@ -244,27 +245,29 @@ TEST(ProgramFileOnDisk, SavedOverALongerFileHas2048Bytes) {
     EXPECT_EQ(Encoded(NewProgram(Version100)), folder.Content("x.pl"));
 }
 
-TEST(ProgramFileOnDisk, TellsHowManyBytesWereThere) {
+TEST(ProgramFileOnDisk, TellsHowManyBytesAreThereAndWhatTheyAre) {
     FakeFileSystem disk;
     for (const std::size_t size : {0U, 1U, 2047U, 2048U, 2049U, 9000U}) {
         disk.AddFile("/x.pl", std::string(size, 'x'));
         LogicConfig config;
-        std::size_t bytesRead = 9999;
-        EXPECT_FALSE(ReadProgramFile(disk.Operations(), "/x.pl", config, bytesRead).Failed());
-        EXPECT_EQ(std::min(size, ProgramFileSize), bytesRead);
+        ProgramReading reading;
+        EXPECT_FALSE(ReadProgramFile(disk.Operations(), "/x.pl", config, reading).Failed());
+        EXPECT_EQ(size, reading.Size);
+        EXPECT_EQ(size < 4 ? ProgramKind::OtherSize : ProgramKind::NoMagic, reading.Kind);
     }
 }
 
 TEST(ProgramFileOnDisk, AFailedReadLeavesTheLogic) {
     FakeFileSystem disk;
-    disk.AddFile("/x.pl", std::string(ProgramFileSize, 'x'));
+    disk.AddFile("/x.pl", std::string(ProgramFileSize + 1, 'x'));
     LogicConfig config = NewProgram(Version100);
     config.Group(1).Timer(1) = {7, 8};
     const LogicConfig before = config;
-    for (std::size_t n = 1; n <= 3; ++n) {
+    constexpr std::size_t operations = 5; // the last asks how long a file is that is too long
+    for (std::size_t n = 1; n <= operations; ++n) {
         disk.FailOnce(n, DeviceIoError);
-        std::size_t bytesRead = 0;
-        EXPECT_EQ(DeviceIoError, ReadProgramFile(disk.Operations(), "/x.pl", config, bytesRead).Number);
+        ProgramReading reading;
+        EXPECT_EQ(DeviceIoError, ReadProgramFile(disk.Operations(), "/x.pl", config, reading).Number);
         EXPECT_EQ(before.Groups, config.Groups);
         EXPECT_EQ(before.Header, config.Header);
         EXPECT_EQ(before.Version, config.Version);

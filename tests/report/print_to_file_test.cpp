@@ -160,8 +160,8 @@ struct OpenExample {
     OpenExample() {
         const FileSystem disk = RealFileSystem();
         const char* path = BRINDLE_EXAMPLES "/pilot_supervision.pl";
-        std::size_t bytesRead = 0;
-        EXPECT_FALSE(ReadProgramFile(disk, path, Config, bytesRead).Failed());
+        ProgramReading reading;
+        EXPECT_FALSE(ReadProgramFile(disk, path, Config, reading).Failed());
         EXPECT_FALSE(ReadWholeFile(disk, path, ProgramFileSize, Bytes).Failed());
     }
 };
