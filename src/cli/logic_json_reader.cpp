@@ -75,6 +75,9 @@ void ReadVdr810Header(JsonFields& fields, const json& value, Vdr810Head& head, s
     whole("group_count", 1, MaxGroups, head.Groups);
     whole("timers", 0, TimersPerGroup, head.Timers);
     whole("latches", 0, LatchesPerGroup, head.Latches);
+    if (head.Timers + head.Latches == 0) {
+        fields.Refuse("header.latches", "0, as header.timers is, and no unit is left");
+    }
     whole("labels", 0, Int16::max(), head.Labels);
     whole("categories", 0, Int16::max(), head.Categories);
     whole("signals", LeastSignals, Int32::max(), head.Signals);

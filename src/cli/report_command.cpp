@@ -33,6 +33,20 @@ std::set<int> NumbersTo(int last) {
     return numbers;
 }
 
+std::set<int> UnitsOf(const LogicConfig& config) {
+    std::set<int> units = NumbersTo(UnitsPerGroup);
+    std::erase_if(units, [&config](int unit) { return !HasUnit(config, unit); });
+    return units;
+}
+
+std::string TagsOf(const std::set<int>& units) {
+    std::string tags;
+    for (const int unit : units) {
+        tags += (tags.empty() ? "" : ", ") + std::string(Unit(unit).Tag);
+    }
+    return tags;
+}
+
 /// The units to report; sets, because each is reported once and in order, however it was asked for.
 struct Selection {
     std::set<int> Groups;
@@ -54,8 +68,26 @@ std::string Select(const ReportArguments& arguments, Selection& selection) {
         }
         selection.Units.insert(unit);
     }
+    return {};
+}
+
+/// Fills what was not asked for with all that the logic has. Returns what it does not have of the rest, or an
+/// empty text.
+std::string FitTo(const LogicConfig& config, Selection& selection) {
+    if (selection.Groups.empty()) {
+        selection.Groups = NumbersTo(config.GroupCount);
+    }
+    if (*selection.Groups.rbegin() > config.GroupCount) {
+        return "no group " + std::to_string(*selection.Groups.rbegin()) + ", only " +
+               std::to_string(config.GroupCount);
+    }
+    for (const int unit : selection.Units) {
+        if (!HasUnit(config, unit)) {
+            return "no unit " + std::string(Unit(unit).Tag) + ", only " + TagsOf(UnitsOf(config));
+        }
+    }
     if (selection.Units.empty()) {
-        selection.Units = NumbersTo(UnitsPerGroup);
+        selection.Units = UnitsOf(config);
     }
     return {};
 }
@@ -74,13 +106,9 @@ int ReportCommand(const ReportArguments& arguments, const CommandEnvironment& en
     if (result == ExitFailed) {
         return result;
     }
-    if (selection.Groups.empty()) {
-        selection.Groups = NumbersTo(config.GroupCount);
-    }
-    if (*selection.Groups.rbegin() > config.GroupCount) {
-        Complain(environment, arguments.Input.File + ": has no group " +
-                                  std::to_string(*selection.Groups.rbegin()) + ", only " +
-                                  std::to_string(config.GroupCount));
+    const std::string lacking = FitTo(config, selection);
+    if (!lacking.empty()) {
+        Complain(environment, arguments.Input.File + ": has " + lacking);
         return ExitBadArguments;
     }
     const SignalCatalogue catalogue = BuildCatalogue(config);
@@ -92,9 +120,6 @@ int ReportCommand(const ReportArguments& arguments, const CommandEnvironment& en
     request.Time = environment.Time();
     for (const int group : selection.Groups) {
         for (const int unit : selection.Units) {
-            if (!HasUnit(config, unit)) {
-                continue;
-            }
             request.Group = group;
             request.Unit = unit;
             environment.Out << JoinReportLines(BuildUnitReport(config, catalogue, request));

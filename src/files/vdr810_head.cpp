@@ -3,7 +3,6 @@
 #include "model/number_text.h"
 #include "model/output_map.h"
 
-#include <limits>
 #include <string_view>
 
 namespace brindle {
@@ -74,8 +73,9 @@ bool InRanges(const Vdr810Head& head) {
     return head.SettingsVersion >= 0 && head.SettingsVersion <= GreatestVersion && head.Options >= 0 &&
            head.Groups >= 1 && head.Groups <= MaxGroups && head.Timers >= 0 &&
            head.Timers <= TimersPerGroup && head.Latches >= 0 && head.Latches <= LatchesPerGroup &&
-           head.Labels >= 0 && head.Categories >= 0 && head.Signals >= LeastSignals &&
-           head.FirstOutput >= 0 && outputs >= 1 && outputs <= MapBanks * OutputsPerBank;
+           head.Timers + head.Latches > 0 && head.Labels >= 0 && head.Categories >= 0 &&
+           head.Signals >= LeastSignals && head.FirstOutput >= 0 && outputs >= 1 &&
+           outputs <= MapBanks * OutputsPerBank;
 }
 
 } // namespace
@@ -112,12 +112,6 @@ FileError ReadVdr810Head(TextCursor& text, const std::string& source, Vdr810Head
     }
     head = read;
     return {};
-}
-
-std::int16_t InvertedTrue(std::int32_t signalCount) {
-    const std::int32_t number = signalCount - TrueCode;
-    return number > std::numeric_limits<std::int16_t>::max() ? std::int16_t{0}
-                                                             : static_cast<std::int16_t>(number);
 }
 
 Vdr810Head HeadOf(const LogicConfig& config) {

@@ -22,7 +22,7 @@ struct Vdr810Head {
     std::int16_t Options = 0;    ///< 0 or more
     std::int16_t Groups = 0;     ///< 1 to 8
     std::int16_t Timers = 0;     ///< 0 to 6
-    std::int16_t Latches = 0;    ///< 0 to 2
+    std::int16_t Latches = 0;    ///< 0 to 2, and 1 at least where there are no timers
     std::int16_t Labels = 0;     ///< 0 or more
     std::int16_t Categories = 0; ///< 0 or more
     std::int32_t Signals = 0;    ///< 2 or more: the catalogue size of the coding
@@ -39,10 +39,6 @@ int ErrorOfNumber(NumberFault fault);
 /// that its type cannot hold OverflowError, one outside the ranges above SubscriptError, a text that ends
 /// early InputPastEndError; `source` names the file in the error. On failure `head` is unchanged.
 FileError ReadVdr810Head(TextCursor& text, const std::string& source, Vdr810Head& head);
-
-/// The number that inverts "TRUE" among `signalCount` signals, which is what "FALSE" is as long as nothing
-/// else tells it; 0 where 16 bits do not hold it.
-std::int16_t InvertedTrue(std::int32_t signalCount);
 
 /// The head of a logic, the lists counted as its header counts them.
 Vdr810Head HeadOf(const LogicConfig& config);

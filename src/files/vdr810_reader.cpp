@@ -17,7 +17,6 @@ Vdr810Reading DecodeVdr810(std::string_view text, const std::string& source, Log
     if (reading.Error.Failed()) {
         return reading;
     }
-    config.Coding.FalseCode = InvertedTrue(head.Signals); // until a label or the option file tells it
     BecomeVdr810(config, head);
     Vdr810SectionReader sections(config, reading.Lines);
     std::string_view line;

@@ -35,8 +35,8 @@ struct Vdr810Reading {
 };
 
 /// Reads the file at `path` into `config`: model, head, lists of signals and categories, and all units. The
-/// unconnected signal is the inverted "TRUE" where no label "FALSE" tells it. File path, title and `Modified`
-/// are the caller's.
+/// unconnected signal stays the one of `config` where no label "FALSE" tells another. File path, title and
+/// `Modified` are the caller's.
 Vdr810Reading ReadVdr810File(const FileSystem& files, const std::string& path, LogicConfig& config);
 
 /// The same from the text of a file; `source` names it in an error.

@@ -136,9 +136,7 @@ std::optional<MessageBox> Vdr810SectionReader::TakeCategory(std::string_view lin
     }
     category.Caption = OneField(fields[1]);
     category.Name = OneField(fields[1]);
-    if (IsEnd(category)) {
-        section_ = Section::Ended;
-    } else if (element_ > config_.Vdr810.CategoryCount) {
+    if (element_ > config_.Vdr810.CategoryCount) {
         return RefusedLine(CategoryPlace(), "The header promises fewer categories.", element_);
     }
     config_.Lists.Categories.push_back(std::move(category));

@@ -189,7 +189,7 @@ constexpr std::string_view AccessKeyCaption = "Zone - &3";
 std::int32_t CodeAt(std::size_t position) {
     const std::size_t end = SignalTable.size() - 1;
     if (position == end) {
-        return EndCode;
+        return EndNumber;
     }
     return position == end - 1 ? FalseSignalCode : static_cast<std::int32_t>(position);
 }
@@ -224,11 +224,11 @@ SignalCatalogue BuildCatalogue(const LogicConfig& config) {
 }
 
 std::size_t SignalCount(const SignalCatalogue& catalogue) {
-    std::size_t count = 0;
-    while (count < catalogue.Signals.size() && catalogue.Signals[count].Code != EndCode) {
-        ++count;
-    }
-    return count;
+    const auto end =
+        std::find_if(catalogue.Signals.begin(), catalogue.Signals.end(), [](const SignalEntry& signal) {
+            return signal.Code == EndNumber && signal.Name == EndName;
+        });
+    return static_cast<std::size_t>(end - catalogue.Signals.begin());
 }
 
 std::vector<const SignalEntry*> SignalsOfCategory(const SignalCatalogue& catalogue, std::int32_t category) {

@@ -14,12 +14,11 @@ namespace brindle {
 struct LogicConfig;
 
 inline constexpr std::int16_t NoCategory = -1;
-inline constexpr std::int32_t EndCode = -1; ///< code of the entry that ends the catalogue
 
 /// One signal that an input can be connected to, at its table position.
 struct SignalEntry {
     std::int16_t Category = NoCategory; ///< number of its category, or NoCategory
-    std::int32_t Code = 0;              ///< the value stored in an input; EndCode ends the list
+    std::int32_t Code = 0;              ///< the value stored in an input
     std::string Name;
     std::string Label; ///< caption of its button in a chooser
     Bool16 Enabled;    ///< its button can be pressed

@@ -11,7 +11,7 @@
 namespace brindle {
 
 inline constexpr std::int32_t EndNumber = -1;     ///< number of the entry that ends a list
-inline constexpr const char* EndName = "END";     ///< its name
+inline constexpr const char* EndName = "END";     ///< and its name
 inline constexpr const char* FalseName = "FALSE"; ///< name of the signal that an unconnected input holds
 
 /// One category of signals. Texts are bytes of the Windows-1252 code page, as in the file.
@@ -26,7 +26,7 @@ struct Vdr810Category {
 /// One named signal.
 struct Vdr810Label {
     std::int16_t Category = 0; ///< number of the category whose chooser offers it
-    std::int32_t Signal = 0;   ///< the number that it names; EndNumber ends the list
+    std::int32_t Signal = 0;   ///< the number that it names
     std::string Name;
     std::string Caption; ///< of its button in a chooser; equal to the name when a logic file brought the list
     Bool16 Enabled = true;
@@ -60,12 +60,14 @@ struct Vdr810Header {
     bool operator==(const Vdr810Header&) const = default;
 };
 
+/// Whether the entry ends the list of categories: its number alone tells.
 inline bool IsEnd(const Vdr810Category& category) {
-    return category.Number == EndNumber || category.Name == EndName;
+    return category.Number == EndNumber;
 }
 
+/// Whether the entry ends the list of labels. A signal can have the number or the name alone.
 inline bool IsEnd(const Vdr810Label& label) {
-    return label.Signal == EndNumber || label.Name == EndName;
+    return label.Signal == EndNumber && label.Name == EndName;
 }
 
 } // namespace brindle

@@ -189,6 +189,13 @@ TEST(Vdr810JsonRefusal, WordsBeyondTheBanksOfTheOutputsAreZero) {
     ExpectTaken("\"last_output\": 20", "\"last_output\": 17");
 }
 
+TEST(Vdr810JsonRefusal, ALogicHasAUnit) {
+    const std::string both = "\"timers\": 6,\n    \"latches\": 2";
+    ExpectRefused({{both, "\"timers\": 0,\n    \"latches\": 0",
+                    "header.latches: 0, as header.timers is, and no unit is left"}});
+    ExpectTaken(both, "\"timers\": 1,\n    \"latches\": 0");
+}
+
 TEST(Vdr810JsonRefusal, UnitsThatTheHeaderDoesNotPromiseAreEmpty) {
     const std::string what = ": not empty, and the header promises no such unit";
     ExpectRefused({{"\"timers\": 6", "\"timers\": 0", "groups[0].units[0]" + what}});

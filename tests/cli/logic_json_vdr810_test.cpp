@@ -78,7 +78,7 @@ LogicConfig LogicOfSeed(std::uint32_t seed) {
     head.Options = upTo(0, 32767);
     head.Groups = upTo(1, MaxGroups);
     head.Timers = upTo(0, TimersPerGroup);
-    head.Latches = upTo(0, LatchesPerGroup);
+    head.Latches = upTo(head.Timers == 0 ? 1 : 0, LatchesPerGroup);
     head.Labels = upTo(0, 32767);
     head.Categories = upTo(0, 32767);
     head.Signals = 2 + static_cast<std::int32_t>(random() & 0x3FFFFFFFU);

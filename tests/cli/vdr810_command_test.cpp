@@ -44,6 +44,51 @@ TEST(Vdr810Report, CoversTheGroupsThatTheLogicHas) {
     EXPECT_EQ("brindle-cli: /home/me/x.c10: has no group 4, only 3\n", run.Err.str());
 }
 
+/// The scheme of a relay with four timers and one latch.
+std::string SmallerRelay() {
+    LogicConfig config = SchemeLists(2.3, 12);
+    config.Vdr810.TimerCount = 4;
+    config.Vdr810.LatchCount = 1;
+    return EncodeVdr810(config);
+}
+
+TEST(Vdr810Report, CoversTheUnitsThatTheRelayHas) {
+    Vdr810Run run;
+    run.Files.AddFile("/home/me/x.c10", SmallerRelay());
+    ASSERT_EQ(ExitWell, run.Run({"report", "/home/me/x.c10", "--group", "1"})) << run.Err.str();
+    for (const char* unit : {"T1", "T4", "R1", "S1"}) {
+        EXPECT_NE(std::string::npos, run.Out.str().find("Group G1 - " + std::string(unit))) << unit;
+    }
+    for (const char* unit : {"T5", "T6", "R2", "S2"}) {
+        EXPECT_EQ(std::string::npos, run.Out.str().find("Group G1 - " + std::string(unit))) << unit;
+    }
+}
+
+TEST(Vdr810Report, AUnitThatTheRelayDoesNotHaveIsABadArgument) {
+    Vdr810Run run;
+    run.Files.AddFile("/home/me/x.c10", SmallerRelay());
+    for (const char* unit : {"T5", "T6", "R2", "S2"}) {
+        EXPECT_EQ(ExitBadArguments,
+                  run.Run({"report", "/home/me/x.c10", "--group", "1", "--unit", "T1", "--unit", unit}));
+        EXPECT_EQ("brindle-cli: /home/me/x.c10: has no unit " + std::string(unit) +
+                      ", only T1, T2, T3, T4, R1, S1\n",
+                  run.Err.str());
+        EXPECT_EQ("", run.Out.str());
+    }
+}
+
+TEST(Vdr810Report, AFileOfNoTimersAndNoLatchesIsRefused) {
+    Vdr810Run run;
+    LogicConfig config = SchemeLists(2.3, 12);
+    config.Vdr810.TimerCount = 0;
+    config.Vdr810.LatchCount = 0;
+    run.Files.AddFile("/home/me/x.c10", EncodeVdr810(config));
+    EXPECT_EQ(ExitFailed, run.Run({"report", "/home/me/x.c10"}));
+    EXPECT_EQ("brindle-cli: /home/me/x.c10: Subscript out of range (error 9, read /home/me/x.c10, header)\n",
+              run.Err.str());
+    EXPECT_EQ("", run.Out.str());
+}
+
 TEST(Vdr810Report, TakesTheOptionFileFromTheFolderThatIsNamed) {
     Vdr810Run run;
     run.ForgetOption();
@@ -160,6 +205,19 @@ TEST(Vdr810Report, MissingUnitsAreAFinding) {
     EXPECT_EQ(ExitFinding, run.Run({"dump", "/home/me/x.c10"}));
     EXPECT_NE(std::string::npos, run.Err.str().find("lacks lines of these units: R2, S2."));
     EXPECT_NE(std::string::npos, run.Out.str().find("\"tag\": \"R2\", \"inputs\": [255, 255"));
+}
+
+TEST(Vdr810Report, WhatTheFileLacksIsUnconnectedAsItsOptionFileTells) {
+    Vdr810Run run;
+    LogicConfig lists = SchemeLists(2.3, 12);
+    lists.Coding.FalseCode = 104; // not what it is as long as nothing tells it
+    std::erase_if(lists.Lists.Labels, [](const Vdr810Label& label) { return label.Name == FalseName; });
+    run.Files.AddFile(ProgramsOption, EncodeOptionFile(lists));
+    const std::string whole = SchemeLogicFile(2.3, 12);
+    run.Files.AddFile("/home/me/x.c10", whole.substr(0, whole.find("<LATCH 2 SET>")));
+    EXPECT_EQ(ExitFinding, run.Run({"dump", "/home/me/x.c10"}));
+    EXPECT_NE(std::string::npos, run.Out.str().find("\"tag\": \"R2\", \"inputs\": [104, 104"));
+    EXPECT_NE(std::string::npos, run.Out.str().find("\"unconnected\": 104"));
 }
 
 TEST(Vdr810Report, TheExtensionTellsTheModelInCapitalsToo) {

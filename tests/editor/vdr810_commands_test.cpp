@@ -156,6 +156,50 @@ TEST_F(Vdr810Commands, UnitsThatTheFileLacksAreNamed) {
     EXPECT_EQ(Config().FilePath, "/data/x.c10");
 }
 
+TEST_F(Vdr810Commands, WhatTheFileLacksIsUnconnectedAsItsOptionFileTells) {
+    LogicConfig lists = SchemeLists(2.3, 12);
+    lists.Coding.FalseCode = 104; // not what it is as long as nothing tells it
+    std::erase_if(lists.Lists.Labels, [](const Vdr810Label& label) { return label.Name == FalseName; });
+    Harness.Files[Option230] = EncodeOptionFile(lists);
+    std::string& text = Harness.Files["/data/x.c10"];
+    text.resize(text.find("<LATCH 2 SET>"));
+    Open("/data/x.c10");
+    EXPECT_EQ(Config().InputCode(3, 9, 4), 104);
+    EXPECT_EQ(Config().InputCode(1, 8, 1), SchemeFalse) << "the file said so";
+    Harness->mnuFileSave_Click();
+    EXPECT_NE(Harness.Files["/data/x.c10"].find("<LATCH 2 SET>\r\n1,1,104,104,104"), std::string::npos);
+}
+
+TEST_F(Vdr810Commands, WithoutALabelFalseTheUnconnectedSignalStaysAsItWas) {
+    Harness.Files.erase(Option230);
+    const std::string text = Harness.Files["/data/x.c10"];
+    Harness.Files["/data/x.c10"] = text.substr(0, text.find("<LATCH 2 SET>"));
+    Open("/data/x.c10");
+    EXPECT_EQ(Config().InputCode(3, 9, 4), 255) << "as at the start";
+    Harness.Files["/data/y.c10"] = SchemeLogicFile(2.3, 13) + "<LABEL INFO>\r\n5,104,FALSE\r\n";
+    Open("/data/y.c10");
+    Open("/data/x.c10");
+    EXPECT_EQ(Config().InputCode(3, 9, 4), 104) << "as it was in the file before";
+    Harness->mnuNewFileVer230_Click();
+    Open("/data/x.c10");
+    EXPECT_EQ(Config().InputCode(3, 9, 4), 255) << "as a VDR812 has it";
+}
+
+TEST_F(Vdr810Commands, AFileOfNoTimersAndNoLatchesIsRefusedWithError9AndLeavesEverything) {
+    LogicConfig config = SchemeLists(2.3, 12);
+    config.Vdr810.TimerCount = 0;
+    config.Vdr810.LatchCount = 0;
+    Harness.Files["/data/none.c10"] = EncodeVdr810(config);
+    Open("/data/x.c10");
+    Open("/data/none.c10");
+    ASSERT_EQ(Harness.Boxes.size(), 1U);
+    EXPECT_EQ(Harness.Boxes[0].Text,
+              "There was an error trying to open the File.\r\nError number: 9\r\nError description: "
+              "Subscript out of range\r\nError Source: read /data/none.c10, header");
+    EXPECT_EQ(Config().FilePath, "/data/x.c10");
+    EXPECT_EQ(Config().Vdr810.TimerCount, 6);
+}
+
 TEST_F(Vdr810Commands, TheDialogsAnswerIsOverruledByAnExtensionOfOurs) {
     Harness.ChooseFile("/data", "x.c10", 1);
     Harness->mnuOpenBin_Click();

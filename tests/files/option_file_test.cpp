@@ -189,6 +189,36 @@ TEST(OptionFile, ANumberBeyondItsTypeIsAnOverflow) {
     EXPECT_EQ(OverflowError, ErrorWithLine(3, "32768"));
 }
 
+TEST(OptionFile, ALabelOfTheNumberOrTheNameOfAnEndAloneIsOneLikeOthers) {
+    const std::string text = Vdr810Text()
+                                 .Value(8, "4")
+                                 .Value(9, "2")
+                                 .Line(" 104")
+                                 .Line("<CATEGORY INFO>")
+                                 .Line("1,C,C")
+                                 .Line("2,END,END")
+                                 .Line("<LABEL INFO>")
+                                 .Line("1,-1,SPARE,Spare,True,True")
+                                 .Line("1,7,END,End,True,True")
+                                 .Line("1,9,Z,Z,True,True")
+                                 .Line("0,-1,END,END,False,False")
+                                 .Text();
+    const OptionFile option = OptionIn(text);
+    EXPECT_EQ((std::vector<Vdr810Category>{{1, "C", "C"}, {2, "END", "END"}}), option.Lists.Categories);
+    ASSERT_EQ(4U, option.Lists.Labels.size());
+    EXPECT_EQ((Vdr810Label{1, -1, "SPARE", "Spare", true, true}), option.Lists.Labels[0]);
+    EXPECT_EQ("Z", option.Lists.Labels[2].Name);
+    LogicConfig made;
+    MakeNewVdr810(made, option);
+    const std::string written = EncodeOptionFile(made);
+    const std::string lists = "<CATEGORY INFO>";
+    EXPECT_EQ(text.substr(text.find(lists)), written.substr(written.find(lists)));
+}
+
+TEST(OptionFile, OneOfNoTimersAndNoLatchesIsRefused) {
+    EXPECT_EQ(SubscriptError, OptionError(SmallOption().Units(1, 0, 0).Text()).Number);
+}
+
 TEST(OptionFile, MoreEntriesThanTheHeadPromisesAreASubscriptOutOfRange) {
     EXPECT_EQ(SubscriptError, OptionError(Vdr810Text(SmallOption()).Line("1,5,A,A,True,True").Text()).Number);
     EXPECT_EQ(SubscriptError, OptionError(Vdr810Text(SmallOption()).Value(9, "1").Text()).Number);

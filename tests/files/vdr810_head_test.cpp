@@ -130,11 +130,13 @@ TEST(Vdr810Head, VersionAndOptionsNameAFileSoTheyAreNotNegativeNorWithoutBounds)
     EXPECT_EQ(SubscriptError, ErrorWithValue(4, "-1"));
 }
 
-TEST(InvertedTrue, IsTheLastSignalWhereSixteenBitsHoldIt) {
-    EXPECT_EQ(255, InvertedTrue(256));
-    EXPECT_EQ(1, InvertedTrue(2));
-    EXPECT_EQ(32767, InvertedTrue(32768));
-    EXPECT_EQ(0, InvertedTrue(32769));
+TEST(Vdr810Head, OneOfNoTimersAndNoLatchesIsASubscriptOutOfRange) {
+    const auto errorOf = [](int timers, int latches) {
+        return HeadError(Vdr810Text().Units(1, timers, latches).Text());
+    };
+    EXPECT_EQ(SubscriptError, errorOf(0, 0));
+    EXPECT_EQ(NoFileError, errorOf(1, 0));
+    EXPECT_EQ(NoFileError, errorOf(0, 1));
 }
 
 TEST(Vdr810Head, CountsThatNoLogicCanHaveAreASubscriptOutOfRange) {
@@ -144,7 +146,7 @@ TEST(Vdr810Head, CountsThatNoLogicCanHaveAreASubscriptOutOfRange) {
         int Most;
     };
 
-    for (const Range& range : {Range{5, 1, 8}, Range{6, 0, 6}, Range{7, 0, 2}, Range{8, 0, 32767},
+    for (const Range& range : {Range{5, 1, 8}, Range{6, 1, 6}, Range{7, 0, 2}, Range{8, 0, 32767},
                                Range{9, 0, 32767}, Range{10, 2, INT32_MAX}}) {
         EXPECT_EQ(NoFileError, ErrorWithValue(range.Number, std::to_string(range.Least))) << range.Number;
         EXPECT_EQ(NoFileError, ErrorWithValue(range.Number, std::to_string(range.Most))) << range.Number;
@@ -226,7 +228,7 @@ RC_GTEST_PROP(Vdr810Head, WrittenAndReadIsTheSame, ()) {
     head.Options = within(0, 32767);
     head.Groups = within(1, 8);
     head.Timers = within(0, 6);
-    head.Latches = within(0, 2);
+    head.Latches = within(head.Timers == 0 ? 1 : 0, 2);
     head.Labels = within(0, 32767);
     head.Categories = within(0, 32767);
     head.Signals = *rc::gen::inRange(2, INT32_MAX);

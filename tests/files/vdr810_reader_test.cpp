@@ -204,11 +204,22 @@ TEST(Vdr810Reader, TheLabelFalseTellsTheUnconnectedSignal) {
     EXPECT_EQ(255, unconnected("1,104,false"));
 }
 
-TEST(Vdr810Reader, WithoutALabelFalseTheInvertedTrueIsUnconnected) {
+TEST(Vdr810Reader, WithoutALabelFalseTheUnconnectedSignalStaysAsItWas) {
+    const std::string text = Vdr810Text().Value(10, "400").Text();
+    EXPECT_EQ(255, UnconnectedCode(LogicIn(text))) << "as at the start";
     LogicConfig config = LogicIn(Vdr810Text().Line("<LABEL INFO>").Line("1,104,FALSE").Text());
-    EXPECT_TRUE(DecodeVdr810(Vdr810Text().Value(10, "400").Text(), "x", config).Done());
-    EXPECT_EQ(399, UnconnectedCode(config));
-    EXPECT_EQ(399, config.InputCode(1, 1, 1));
+    EXPECT_TRUE(DecodeVdr810(text, "x", config).Done());
+    EXPECT_EQ(104, UnconnectedCode(config));
+    EXPECT_EQ(104, config.InputCode(1, 1, 1));
+    EXPECT_EQ(104, config.InputCode(8, 10, 16)) << "a group that the file does not have";
+}
+
+TEST(Vdr810Reader, ARepeatedListWithoutALabelFalseLeavesItAsItWasBeforeTheFile) {
+    LogicConfig config = LogicIn(Vdr810Text().Line("<LABEL INFO>").Line("1,77,FALSE").Text());
+    const std::string text =
+        Vdr810Text().Line("<LABEL INFO>").Line("1,104,FALSE").Line("<LABEL INFO>").Line("1,9,A").Text();
+    EXPECT_TRUE(DecodeVdr810(text, "x", config).Done());
+    EXPECT_EQ(77, UnconnectedCode(config));
 }
 
 TEST(Vdr810Reader, AListEndsAtItsEndEntryAndTheRestUpToTheNextTagIsSkipped) {
@@ -231,6 +242,30 @@ TEST(Vdr810Reader, AListEndsAtItsEndEntryAndTheRestUpToTheNextTagIsSkipped) {
               config.Lists.Labels);
     EXPECT_EQ(255, config.Coding.FalseCode);
     EXPECT_EQ(9, config.InputCode(1, 1, 1));
+}
+
+TEST(Vdr810Reader, ALabelOfTheNumberOrTheNameOfAnEndAloneIsOneLikeOthers) {
+    const LogicConfig config = LogicIn(Vdr810Text()
+                                           .Line("<CATEGORY INFO>")
+                                           .Line("1,END")
+                                           .Line("2,Two")
+                                           .Line("<LABEL INFO>")
+                                           .Line("1,-1,SPARE")
+                                           .Line("1,7,END")
+                                           .Line("1,104,FALSE")
+                                           .Text());
+    EXPECT_EQ((std::vector<Vdr810Category>{{1, "END", "END"}, {2, "Two", "Two"}}), config.Lists.Categories);
+    EXPECT_EQ((std::vector<Vdr810Label>{{1, -1, "SPARE", "SPARE", true, true},
+                                        {1, 7, "END", "END", true, true},
+                                        {1, 104, "FALSE", "FALSE", true, true}}),
+              config.Lists.Labels);
+    EXPECT_EQ(104, UnconnectedCode(config));
+}
+
+TEST(Vdr810Reader, ALabelOfAnEndsNumberAloneIsCountedAgainstTheHead) {
+    const std::string text = Vdr810Text().Value(8, "1").Line("<LABEL INFO>").Line("1,9,A").Text();
+    EXPECT_EQ("", RefusalOf(text + "0,-1,END\r\n"));
+    EXPECT_NE("", RefusalOf(text + "1,-1,SPARE\r\n"));
 }
 
 TEST(Vdr810Reader, AnEndLineOfCategoriesMayHaveAnyNumberOfFields) {
@@ -319,7 +354,7 @@ TEST(Vdr810Reader, TheFileIsReadWholeAndAFailureIsNamed) {
 
 TEST(IncompleteUnits, AreThosePromisedWhoseSectionLacksALine) {
     EXPECT_EQ((std::vector<int>{1, 2, 3, 7, 8}), IncompleteIn(Vdr810Text().Units(1, 3, 1).Text()));
-    EXPECT_EQ((std::vector<int>{}), IncompleteIn(Vdr810Text().Units(1, 0, 0).Text()));
+    EXPECT_EQ((std::vector<int>{7, 8}), IncompleteIn(Vdr810Text().Units(1, 0, 1).Text()));
     EXPECT_EQ((std::vector<int>{2, 8}),
               IncompleteIn(Vdr810Text().Units(1, 2, 1).Section(1, 0).Section(7, 0).Text()));
 }

@@ -92,17 +92,18 @@ TEST(Vdr810Writer, ALatchIsCountedFromTheTimersThatThereAre) {
 }
 
 TEST(Vdr810Writer, TheListsStayInTheOptionFile) {
-    LogicConfig config = RelayOf(1, 0, 0);
+    LogicConfig config = RelayOf(1, 0, 1);
+    const std::vector<std::string> without = WrittenLines(config);
     config.Lists.Categories.push_back({1, "Zone", "Zone"});
     config.Lists.Labels.push_back({1, 104, "FALSE", "FALSE", true, true});
-    EXPECT_EQ(11U, WrittenLines(config).size());
+    EXPECT_EQ(without, WrittenLines(config));
 }
 
 TEST(Vdr810Writer, TheHeadIsWrittenBackAsItWasRead) {
     const std::string head = "  LINE \"7\" S\xFC"
-                             "D \r\n3.25\r\n12.34\r\n 5\r\n 1\r\n 0\r\n 0\r\n 150\r\n 20\r\n"
+                             "D \r\n3.25\r\n12.34\r\n 5\r\n 1\r\n 0\r\n 1\r\n 150\r\n 20\r\n"
                              " 70000\r\n3,60\r\n";
-    EXPECT_EQ(head, EncodeVdr810(ReadText(head).Config));
+    EXPECT_EQ(head, EncodeVdr810(ReadText(head).Config).substr(0, head.size()));
 }
 
 TEST(Vdr810Writer, TheFileIsReplacedWhole) {

@@ -39,16 +39,26 @@ TEST(Vdr810Catalogue, HoldsTheListsInTheirOrder) {
 }
 
 TEST(Vdr810Catalogue, EndsAtTheEndEntries) {
-    for (const Vdr810Label& end :
-         {Vdr810Label{0, -1, "x", "x", true, true}, Vdr810Label{0, 7, "END", "x", true, true}}) {
-        Vdr810Lists lists = SmallLists();
-        lists.Labels.insert(lists.Labels.begin() + 2, end);
-        lists.Categories.insert(lists.Categories.begin() + 1, {-1, "END", "END"});
-        const SignalCatalogue catalogue = BuildVdr810Catalogue(lists);
-        EXPECT_EQ(2U, SignalCount(catalogue));
-        EXPECT_EQ(1U, catalogue.Categories.size());
-        EXPECT_EQ("", NameOfCode(catalogue, CodingOf(256, 104), 56));
-    }
+    Vdr810Lists lists = SmallLists();
+    lists.Labels.insert(lists.Labels.begin() + 2, {0, -1, "END", "x", true, true});
+    lists.Categories.insert(lists.Categories.begin() + 1, {-1, "any", "any"});
+    const SignalCatalogue catalogue = BuildVdr810Catalogue(lists);
+    EXPECT_EQ(2U, SignalCount(catalogue));
+    EXPECT_EQ(1U, catalogue.Categories.size());
+    EXPECT_EQ("", NameOfCode(catalogue, CodingOf(256, 104), 56));
+}
+
+TEST(Vdr810Catalogue, ASignalMayHaveTheNumberOrTheNameOfAnEnd) {
+    Vdr810Lists lists = SmallLists();
+    lists.Labels.insert(lists.Labels.begin(),
+                        {{2, -1, "SPARE", "Spare", true, true}, {2, 7, "END", "End", true, true}});
+    lists.Categories.insert(lists.Categories.begin(), {7, "END", "END"});
+    const SignalCatalogue catalogue = BuildVdr810Catalogue(lists);
+    EXPECT_EQ(7U, SignalCount(catalogue));
+    EXPECT_EQ(3U, catalogue.Categories.size());
+    EXPECT_EQ("SPARE", SignalsOfCategory(catalogue, 2).at(0)->Name);
+    EXPECT_EQ("END", NameOfCode(catalogue, CodingOf(256, 104), 7));
+    EXPECT_EQ("Z1GT", NameOfCode(catalogue, CodingOf(256, 104), 56));
 }
 
 TEST(Vdr810Catalogue, ACategoryTakesItsSignalsByItsNumber) {
