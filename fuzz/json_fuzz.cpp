@@ -18,9 +18,9 @@ void RequireFileSaysTheSame(const LogicConfig& config, const std::string& json) 
         Require(!EncodeProgram(config, image).Failed(), "a logic of JSON can be written");
         DecodeProgram({image.data(), image.size()}, read);
     } else {
+        read.Coding.FalseCode = config.Coding.FalseCode; // the file does not tell it, so it stays
         Require(DecodeVdr810(EncodeVdr810(config), "read x.c10", read).Done(),
                 "a logic of JSON can be written and read");
-        read.Coding.FalseCode = config.Coding.FalseCode; // told by an option file
     }
     Require(LogicToJson(read) == json, "the relay's file says the same as the JSON");
 }
