@@ -8,10 +8,10 @@
 namespace brindle {
 
 Editor::Editor(EditorSurroundings surroundings)
-    : surroundings_(std::move(surroundings)), settings_(surroundings_.ProgramFolder, surroundings_.Profile,
-                                                        surroundings_.Files, surroundings_.ShowMessageBox),
-      recentFiles_(surroundings_.ProgramFolder, surroundings_.Profile, surroundings_.Files,
-                   surroundings_.ShowMessageBox),
+    : surroundings_(std::move(surroundings)),
+      settings_(surroundings_.ProgramFolder, surroundings_.Profile, surroundings_.Files,
+                surroundings_.ShowMessageBox, surroundings_.Locks),
+      recentFiles_(surroundings_.ProgramFolder, settings_, surroundings_.Files),
       recovery_(surroundings_.ProgramFolder, surroundings_.Files, surroundings_.Locks) {}
 
 std::string Editor::Title() const {

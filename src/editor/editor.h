@@ -71,7 +71,7 @@ struct EditorSurroundings {
     int ProgramRevision = 0;
     std::string CommandLine; ///< absolute path of the file to open at start; empty for none
     FileSystem Files;
-    FileLocks Locks; ///< none: no recovery copies are kept
+    FileLocks Locks; ///< none: no recovery copies are kept, and programs change the settings at once
     ProfileFunctions Profile;
     FolderFunctions Folders;
     brindle::ShowMessageBox ShowMessageBox;

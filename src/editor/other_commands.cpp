@@ -1,6 +1,7 @@
 #include "editor/editor.h"
 #include "editor/gate_rows.h"
 #include "files/signal_constants.h"
+#include "platform/paths.h"
 #include "settings/home_directory.h"
 #include "settings/setting_keys.h"
 
@@ -8,7 +9,12 @@
 namespace brindle {
 
 void Editor::ChooseHomeDirectory(const std::string& folder) {
+    // A file that was saved under no name yet will be where new files are.
+    const bool named = !neverSaved_ || config_.FilePath != JoinPath(homeDirectory_, config_.FileTitle);
     homeDirectory_ = folder;
+    if (!named) {
+        NameNewFile();
+    }
     StoreHomeDirectory(settings_, folder);
 }
 

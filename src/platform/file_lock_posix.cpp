@@ -1,8 +1,11 @@
 #include "platform/file_lock.h"
 
+#include <cerrno>
+#include <chrono>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace brindle {
@@ -19,24 +22,36 @@ bool IsAt(int file, const std::string& path) {
            held.st_ino == named.st_ino;
 }
 
-FileHandle TakeLock(const std::string& path) {
-    constexpr int attempts = 3; // each is lost only when another program lets go just then
+/// Opens the lock's file. A link is none of ours: following it would lock, or create, a file elsewhere.
+int OpenLock(const std::string& path) {
     constexpr mode_t ownerOnly = 0600;
+    const auto open = [&path] {
+        return ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, ownerOnly);
+    };
+    const int file = open();
+    return file < 0 && errno == ELOOP && ::unlink(path.c_str()) == 0 ? open() : file;
+}
+
+LockOutcome TakeLock(const std::string& path, FileHandle& lock) {
+    constexpr int attempts = 3; // each is lost only when another program lets go just then
+    lock = NoLock;
     for (int attempt = 0; attempt < attempts; ++attempt) {
-        const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly);
+        const int file = OpenLock(path);
         if (file < 0) {
-            return NoLock;
+            return LockOutcome::Refused;
         }
         if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
+            const bool held = errno == EWOULDBLOCK;
             ::close(file);
-            return NoLock;
+            return held ? LockOutcome::Held : LockOutcome::Refused;
         }
         if (IsAt(file, path)) {
-            return file;
+            lock = file;
+            return LockOutcome::Taken;
         }
         ::close(file);
     }
-    return NoLock;
+    return LockOutcome::Held;
 }
 
 void ReleaseLock(FileHandle lock, const std::string& path) {
@@ -47,7 +62,7 @@ void ReleaseLock(FileHandle lock, const std::string& path) {
 } // namespace
 
 FileLocks RealFileLocks() {
-    return {TakeLock, ReleaseLock};
+    return {TakeLock, ReleaseLock, [] { std::this_thread::sleep_for(std::chrono::milliseconds(10)); }};
 }
 
 } // namespace brindle

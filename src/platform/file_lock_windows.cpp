@@ -9,13 +9,29 @@ namespace brindle {
 
 namespace {
 
-/// A file that is open and shared with nobody; the system deletes it when it is closed.
-FileHandle TakeLock(const std::string& path) {
-    const HANDLE file = CreateFileW(WideText(path).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0, nullptr,
-                                    OPEN_ALWAYS, FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+/// Whether the last failure tells that another program has the file, or has just let go of it: a file that is
+/// being deleted denies itself to everybody, as a folder that is closed to us denies what is not there.
+bool AnotherHasIt(const std::wstring& path) {
+    const DWORD error = GetLastError();
+    return error == ERROR_SHARING_VIOLATION ||
+           (error == ERROR_ACCESS_DENIED && (GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES ||
+                                             GetLastError() == ERROR_ACCESS_DENIED));
+}
+
+/// A file that is open and shared with nobody; the system deletes it when it is closed. A link is opened
+/// itself.
+LockOutcome TakeLock(const std::string& path, FileHandle& lock) {
+    const std::wstring widePath = WideText(path);
+    const HANDLE file = CreateFileW(
+        widePath.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+        FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    lock = NoLock;
+    if (file == INVALID_HANDLE_VALUE) {
+        return AnotherHasIt(widePath) ? LockOutcome::Held : LockOutcome::Refused;
+    }
     // The system's handles have 32 significant bits.
-    return file == INVALID_HANDLE_VALUE ? NoLock
-                                        : static_cast<FileHandle>(reinterpret_cast<std::intptr_t>(file));
+    lock = static_cast<FileHandle>(reinterpret_cast<std::intptr_t>(file));
+    return LockOutcome::Taken;
 }
 
 void ReleaseLock(FileHandle lock, const std::string& /*path*/) {
@@ -25,7 +41,8 @@ void ReleaseLock(FileHandle lock, const std::string& /*path*/) {
 } // namespace
 
 FileLocks RealFileLocks() {
-    return {TakeLock, ReleaseLock};
+    constexpr DWORD pause = 10; // milliseconds
+    return {TakeLock, ReleaseLock, [] { Sleep(pause); }};
 }
 
 } // namespace brindle

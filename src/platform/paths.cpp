@@ -2,6 +2,9 @@
 
 #include "platform/ascii.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace brindle {
 
 namespace {
@@ -98,6 +101,31 @@ std::string AbsolutePath(const std::string& startFolder, std::string path, const
     // The current folder of a drive that is not the current one is known to the system alone.
     const std::string folder = SameDrive(startFolder, path, style) ? startFolder : path.substr(0, drive);
     return JoinPath(folder, relative, style);
+}
+
+std::string PlainPath(std::string_view path, const PathStyle& style) {
+    std::string plain(RootName(path, style));
+    path.remove_prefix(plain.size());
+    const bool fromRoot = !path.empty() && IsSeparator(path.front(), style);
+    std::vector<std::string_view> names;
+    while (!path.empty()) {
+        const std::string_view name = path.substr(0, path.find_first_of(style.Separators));
+        path.remove_prefix(std::min(name.size() + 1, path.size()));
+        if (name.empty() || name == ".") {
+            continue;
+        }
+        const bool back = name == "..";
+        if (back && !names.empty() && names.back() != "..") {
+            names.pop_back();
+        } else if (!back || !fromRoot) { // there is nothing above the root
+            names.push_back(name);
+        }
+    }
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        plain += fromRoot || index > 0 ? std::string(1, style.Separator) : "";
+        plain += names[index];
+    }
+    return names.empty() && fromRoot ? plain + style.Separator : plain;
 }
 
 } // namespace brindle

@@ -51,4 +51,9 @@ FileNameParts Get_File_Name_Parts(std::string_view fullName, const PathStyle& st
 std::string AbsolutePath(const std::string& startFolder, std::string path,
                          const PathStyle& style = SystemPaths);
 
+/// `path` without what its names cancel out: ".", "folder/..", a separator after another. Taken as it is
+/// written: a folder that is a link to elsewhere is not looked at, so a plain path compares writings and
+/// opens no file.
+std::string PlainPath(std::string_view path, const PathStyle& style = SystemPaths);
+
 } // namespace brindle

@@ -5,10 +5,22 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace brindle {
 
-/// The three functions of a private profile: an INI file at a full path. Sections and keys are found without
+struct ProfileEntry {
+    std::string Key;
+    std::string Value;
+};
+
+/// Reads the text of a key, or the fallback.
+using ReadProfileKey = std::function<std::string(const std::string& key, const std::string& fallback)>;
+
+/// What to store in a section, decided by what its keys say.
+using DecideProfileEntries = std::function<std::vector<ProfileEntry>(const ReadProfileKey& read)>;
+
+/// The functions of a private profile: an INI file at a full path. Sections and keys are found without
 /// regard to the case of ASCII letters.
 struct ProfileFunctions {
     /// The text of a key: outer blanks and one pair of quotes stripped, cut at the first zero byte.
@@ -29,6 +41,12 @@ struct ProfileFunctions {
     std::function<bool(const std::string& path, const std::string& section,
                        const std::optional<std::string>& key, const std::optional<std::string>& value)>
         Write;
+
+    /// Stores several keys of a section at once, as `decide` wants them; it is not called, and nothing
+    /// stored, when the file is there but cannot be read. True and false as of Write.
+    std::function<bool(const std::string& path, const std::string& section,
+                       const DecideProfileEntries& decide)>
+        Update;
 };
 
 /// The private profile of the system we run on: its own functions where it has them, else ours over `files`.

@@ -3,6 +3,7 @@
 #include "settings/profile_text.h"
 
 #define WIN32_LEAN_AND_MEAN
+#include <algorithm>
 #include <windows.h>
 
 /// The system's own functions. They need a full path: a bare name would be looked for in the system's folder.
@@ -45,10 +46,20 @@ bool Write(const std::string& path, const std::string& section, const std::optio
                                       deletes ? nullptr : wideValue.c_str(), WideText(path).c_str()) != 0;
 }
 
+bool Update(const std::string& path, const std::string& section, const DecideProfileEntries& decide) {
+    const auto read = [&](const std::string& key, const std::string& fallback) {
+        return ReadText(path, section, key, fallback);
+    };
+    const std::vector<ProfileEntry> entries = decide(read);
+    return std::all_of(entries.begin(), entries.end(), [&](const ProfileEntry& entry) {
+        return Write(path, section, entry.Key, entry.Value);
+    });
+}
+
 } // namespace
 
 ProfileFunctions SystemProfile(const FileSystem& /*files*/) {
-    return {ReadText, ReadInteger, Write};
+    return {ReadText, ReadInteger, Write, Update};
 }
 
 } // namespace brindle

@@ -19,8 +19,8 @@ bool HasNoneOf(std::string_view text, std::string_view characters) {
     return text.find_first_of(characters) == std::string_view::npos;
 }
 
-bool CanBeStored(const std::string& field) {
-    return HasNoneOf(field, ",\r\n");
+bool CanBeStored(const RecentFile& file) {
+    return HasNoneOf(file.Path, ",\r\n") && HasNoneOf(file.Name, ",\r\n");
 }
 
 char ComparedCharacter(char c, const PathStyle& style) {
@@ -33,7 +33,9 @@ char ComparedCharacter(char c, const PathStyle& style) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-bool SamePath(const std::string& first, const std::string& second, const PathStyle& style) {
+bool SamePath(const std::string& one, const std::string& other, const PathStyle& style) {
+    const std::string first = PlainPath(one, style);
+    const std::string second = PlainPath(other, style);
     return std::equal(first.begin(), first.end(), second.begin(), second.end(), [&](char a, char b) {
         return ComparedCharacter(a, style) == ComparedCharacter(b, style);
     });
@@ -46,10 +48,20 @@ bool HasVanished(const FileSystem& files, const std::string& path) {
     return !files.Status(path, status).Failed() && status.Type != FileType::Regular;
 }
 
+/// The stored entries, each in its place.
+RecentFiles StoredFiles(const ReadProfileKey& read) {
+    RecentFiles stored;
+    for (int index = 0; index < RecentFileCount; ++index) {
+        stored[static_cast<std::size_t>(index)] =
+            ParseRecentFile(read(KeyOf(index), EmptyEntry)).value_or(RecentFile{});
+    }
+    return stored;
+}
+
 } // namespace
 
 std::string RecentFileValue(const RecentFile& file) {
-    if (!file.Used() || !CanBeStored(file.Path) || !CanBeStored(file.Name)) {
+    if (!file.Used() || !CanBeStored(file)) {
         return EmptyEntry;
     }
     return file.Path + "," + file.Name + "," + std::to_string(static_cast<int>(file.Model));
@@ -69,7 +81,7 @@ std::optional<RecentFile> ParseRecentFile(std::string_view value) {
     RecentFile file{std::string(value.substr(0, first)),
                     std::string(value.substr(first + 1, last - first - 1)),
                     model == "1" ? RelayKind::Vdr812 : RelayKind::Vdr810};
-    if (!CanBeStored(file.Path) || !CanBeStored(file.Name)) {
+    if (!CanBeStored(file)) {
         return {}; // a carriage return amid a line
     }
     return file;
@@ -87,49 +99,87 @@ void EnterRecentFile(RecentFiles& files, const RecentFile& file, const PathStyle
     files = std::move(entered);
 }
 
-RecentFileList::RecentFileList(const std::string& programFolder, ProfileFunctions profile, FileSystem files,
-                               ShowMessageBox showMessageBox)
-    // This list has always put a separator here whatever the folder ends in, and says so in its message; the
-    // system reads two as one.
-    : settingsPath_(programFolder + SystemPaths.Separator + SettingsFileName), profile_(std::move(profile)),
-      files_(std::move(files)), showMessageBox_(std::move(showMessageBox)) {}
+RecentFileList::RecentFileList(const std::string& programFolder, SettingsFile& settings, FileSystem files)
+    // The message of this list has always put a separator here whatever the folder ends in.
+    : toldPath_(programFolder + SystemPaths.Separator + SettingsFileName), settings_(settings),
+      files_(std::move(files)) {}
 
 void RecentFileList::Load() {
-    for (int index = 0; index < RecentFileCount; ++index) {
-        const std::string value = profile_.ReadText(settingsPath_, SectionRecent, KeyOf(index), EmptyEntry);
-        const std::optional<RecentFile> file = ParseRecentFile(value);
-        const bool keeps = file && !HasVanished(files_, file->Path);
-        entries_[static_cast<std::size_t>(index)] = keeps ? *file : RecentFile{};
-        if (!keeps) {
-            // A failure is not told: nothing is lost, and the next start finds the same.
-            profile_.Write(settingsPath_, SectionRecent, KeyOf(index), EmptyEntry);
+    std::set<std::string> vanished;
+    const auto readNow = [this](const std::string& key, const std::string& fallback) {
+        return settings_.Read(SectionRecent, key, fallback);
+    };
+    // Looked for before other programs are made to wait: a disk on the network may take its time.
+    for (const RecentFile& file : StoredFiles(readNow)) {
+        if (file.Used() && HasVanished(files_, file.Path)) {
+            vanished.insert(file.Path);
         }
     }
+    const auto clear = [&](const ReadProfileKey& read) {
+        entries_ = StoredFiles(read);
+        std::vector<ProfileEntry> cleared;
+        for (int index = 0; index < RecentFileCount; ++index) {
+            RecentFile& entry = entries_[static_cast<std::size_t>(index)];
+            if (!entry.Used() || vanished.contains(entry.Path)) {
+                entry = {};
+                cleared.push_back({KeyOf(index), EmptyEntry});
+            }
+        }
+        return cleared;
+    };
+    // A failure is not told: nothing is lost, and the next start finds the same.
+    settings_.Update(SectionRecent, clear);
+}
+
+/// What is stored by now, with our own entries that are not.
+RecentFiles RecentFileList::MergedWith(const RecentFiles& stored) const {
+    const auto isStored = [&](const RecentFile& file) {
+        return std::any_of(stored.begin(), stored.end(), [&](const RecentFile& other) {
+            return SamePath(file.Path, other.Path, SystemPaths);
+        });
+    };
+    std::vector<RecentFile> merged;
+    for (std::size_t index = 0; index < stored.size(); ++index) {
+        if (notStored_.contains(entries_[index].Path) && !isStored(entries_[index])) {
+            merged.push_back(entries_[index]);
+        }
+        if (stored[index].Used()) {
+            merged.push_back(stored[index]);
+        }
+    }
+    merged.resize(stored.size());
+    RecentFiles files;
+    std::move(merged.begin(), merged.end(), files.begin());
+    return files;
 }
 
 void RecentFileList::Enter(const RecentFile& file) {
-    EnterRecentFile(entries_, file);
-    Save();
-}
-
-bool RecentFileList::Store(int index) {
-    return profile_.Write(settingsPath_, SectionRecent, KeyOf(index),
-                          RecentFileValue(entries_[static_cast<std::size_t>(index)]));
-}
-
-void RecentFileList::Save() {
-    for (int index = 0; index < RecentFileCount; ++index) {
-        if (Store(index)) {
-            continue;
+    RecentFiles entered = entries_;
+    const auto enter = [&](const ReadProfileKey& read) {
+        entered = MergedWith(StoredFiles(read));
+        EnterRecentFile(entered, file);
+        std::vector<ProfileEntry> stored;
+        for (int index = 0; index < RecentFileCount; ++index) {
+            stored.push_back({KeyOf(index), RecentFileValue(entered[static_cast<std::size_t>(index)])});
         }
-        // A folder that cannot be written fails at each key and at each file used; one box is enough.
-        if (!std::exchange(warned_, true)) {
-            // The names of icon and buttons belong to this text.
-            showMessageBox_({"There was an error saving the window position information for " +
-                             settingsPath_ + ", vbExclamation, vbOKOnly"});
-        }
+        return stored;
+    };
+    const bool stored = settings_.Update(SectionRecent, enter);
+    EnterRecentFile(entered, file); // a file that cannot be read was not asked
+    entries_ = entered;
+    if (stored) {
+        notStored_.clear();
+        std::for_each(entered.begin(), entered.end(), [this](const RecentFile& entry) {
+            if (!CanBeStored(entry)) {
+                notStored_.insert(entry.Path);
+            }
+        });
         return;
     }
+    notStored_.insert(file.Path);
+    // The names of icon and buttons belong to this text.
+    settings_.TellOnce({"There was an error saving the window position information for " + toldPath_ +
+                        ", vbExclamation, vbOKOnly"});
 }
 
 } // namespace brindle

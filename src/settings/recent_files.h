@@ -2,12 +2,12 @@
 
 #include "model/logic_config.h"
 #include "platform/file_system.h"
-#include "platform/message_box.h"
 #include "platform/paths.h"
-#include "settings/profile.h"
+#include "settings/settings_file.h"
 
 #include <array>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -39,8 +39,8 @@ std::string RecentFileValue(const RecentFile& file);
 std::optional<RecentFile> ParseRecentFile(std::string_view value);
 
 /// Puts `file` at the head. Another entry of its path goes, the others keep their order and close up, the
-/// eleventh is dropped. On systems with drives paths are the same without regard to the case of ASCII letters
-/// and to which separator they use.
+/// eleventh is dropped. Two writings of a path are the same file ("x/../a.pl" and "a.pl"); on systems with
+/// drives also without regard to the case of ASCII letters and to which separator they use.
 void EnterRecentFile(RecentFiles& files, const RecentFile& file, const PathStyle& style = SystemPaths);
 
 /// `path` in at most `limit` (20 or more) characters, "..." in the place of folders in its middle. Its last
@@ -52,33 +52,31 @@ std::string ShortenedPath(const std::string& path, std::size_t limit, const Path
 std::array<std::string, RecentFileCount> RecentFileCaptions(const RecentFiles& files,
                                                             const PathStyle& style = SystemPaths);
 
-/// The list of a running program, kept in the settings file.
+/// The list of a running program, kept in the settings file together with the other programs that share it.
 class RecentFileList {
   public:
-    /// `programFolder` is an absolute path; the settings file lies in it.
-    RecentFileList(const std::string& programFolder, ProfileFunctions profile, FileSystem files,
-                   ShowMessageBox showMessageBox);
+    /// `settings` outlives the list and lies in `programFolder`, an absolute path.
+    RecentFileList(const std::string& programFolder, SettingsFile& settings, FileSystem files);
 
     /// Takes the stored entries, each in its place. One that is malformed or whose file is no longer there
     /// becomes unused, and "EMPTY" in the settings file. A file that the system does not let us look for
     /// stays.
     void Load();
 
-    /// Puts a file at the head and stores the list. The first failure of a run is told in a box.
+    /// Puts a file at the head of what is stored by now, and stores that. A failure is told in a box, unless
+    /// a failed setting was told of before; what could not be stored stays in this list.
     void Enter(const RecentFile& file);
 
     [[nodiscard]] const RecentFiles& Entries() const { return entries_; }
 
   private:
-    void Save();
-    bool Store(int index);
+    [[nodiscard]] RecentFiles MergedWith(const RecentFiles& stored) const;
 
-    std::string settingsPath_;
-    ProfileFunctions profile_;
+    std::string toldPath_;
+    SettingsFile& settings_;
     FileSystem files_;
-    ShowMessageBox showMessageBox_;
     RecentFiles entries_;
-    bool warned_ = false;
+    std::set<std::string> notStored_; ///< the paths of the entries that only this program has
 };
 
 } // namespace brindle

@@ -30,11 +30,9 @@ bool RecoveryKeeper::HasCopy(int number) const {
 }
 
 bool RecoveryKeeper::TakeNumber(int number) {
-    const FileHandle lock = locks_.Take(PathOf(number, ".lock"));
-    if (lock == NoLock) {
+    if (locks_.Take(PathOf(number, ".lock"), lock_) != LockOutcome::Taken) {
         return false;
     }
-    lock_ = lock;
     number_ = number;
     return true;
 }

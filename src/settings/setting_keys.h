@@ -3,7 +3,8 @@
 /// The sections and keys of the settings file. Measures are in twips, states as in WindowState.
 namespace brindle {
 
-inline constexpr const char* SettingsFileName = "Benchkit.ini"; ///< in the program's folder
+inline constexpr const char* SettingsFileName = "Benchkit.ini";  ///< in the program's folder
+inline constexpr const char* SettingsLockName = "Benchkit.lock"; ///< beside it, while a program changes it
 
 inline constexpr const char* SectionBrindle = "Brindle";
 inline constexpr const char* SectionRecent = "Brindle Recent";

@@ -8,9 +8,10 @@
 namespace brindle {
 
 SettingsFile::SettingsFile(const std::string& programFolder, ProfileFunctions profile, FileSystem files,
-                           ShowMessageBox showMessageBox)
+                           ShowMessageBox showMessageBox, FileLocks locks)
     : path_(JoinPath(programFolder, SettingsFileName)), profile_(std::move(profile)),
-      files_(std::move(files)), showMessageBox_(std::move(showMessageBox)) {}
+      files_(std::move(files)), showMessageBox_(std::move(showMessageBox)),
+      lock_(JoinPath(programFolder, SettingsLockName), std::move(locks)) {}
 
 std::string SettingsFile::Read(const std::string& section, const std::string& key,
                                const std::string& fallback) const {
@@ -22,11 +23,27 @@ int SettingsFile::ReadInt(const std::string& section, const std::string& key, in
 }
 
 bool SettingsFile::Write(const std::string& key, const std::string& value, const std::string& section) {
-    return profile_.Write(path_, section, key, value) || WarnOnce(section);
+    return WriteOrTell(section, std::optional(key), value);
 }
 
 bool SettingsFile::RemoveSection(const std::string& section) {
-    return profile_.Write(path_, section, std::nullopt, std::nullopt) || WarnOnce(section);
+    return WriteOrTell(section, std::nullopt, std::nullopt);
+}
+
+bool SettingsFile::WriteOrTell(const std::string& section, const std::optional<std::string>& key,
+                               const std::optional<std::string>& value) {
+    const bool written = lock_.Run([&] { return profile_.Write(path_, section, key, value); });
+    if (!written) {
+        // The one text for every key, whatever it keeps.
+        TellOnce({"There was an error saving the window position information for " + section +
+                      " to the file " + path_ + ".",
+                  MessageIcon::Exclamation, MessageButtons::Ok, "Warning"});
+    }
+    return written;
+}
+
+bool SettingsFile::Update(const std::string& section, const DecideProfileEntries& decide) {
+    return lock_.Run([&] { return profile_.Update(path_, section, decide); });
 }
 
 bool SettingsFile::Exists() const {
@@ -34,16 +51,10 @@ bool SettingsFile::Exists() const {
     return !files_.Status(path_, status).Failed() && status.Type != FileType::Absent;
 }
 
-/// Returns false, for a failed write to return. A folder that cannot be written fails at every key and every
-/// window; more than one box would be in the user's way.
-bool SettingsFile::WarnOnce(const std::string& section) {
-    if (!std::exchange(warned_, true)) {
-        // The one text for every key, whatever it keeps.
-        showMessageBox_({"There was an error saving the window position information for " + section +
-                             " to the file " + path_ + ".",
-                         MessageIcon::Exclamation, MessageButtons::Ok, "Warning"});
+void SettingsFile::TellOnce(const MessageBox& box) {
+    if (!std::exchange(told_, true)) {
+        showMessageBox_(box);
     }
-    return false;
 }
 
 } // namespace brindle

@@ -20,6 +20,13 @@ int KeptOnScreen(std::int64_t start, std::int64_t size, std::int64_t end) {
     return start < 0 || start + size > end ? 0 : static_cast<int>(start);
 }
 
+/// A form of the size of `sized` at the place of `stored`, or at the screen's edge where it would not fit
+/// there.
+FormBounds KeptOnScreen(const FormBounds& stored, const FormBounds& sized, const ScreenSize& screen) {
+    return {KeptOnScreen(stored.Top, sized.Height, screen.Height),
+            KeptOnScreen(stored.Left, sized.Width, screen.Width), sized.Height, sized.Width};
+}
+
 FormBounds StoredBounds(const SettingsFile& settings, const std::string& section, const PlacedForm& form,
                         const PlacementKeys& keys) {
     FormBounds bounds = form.Bounds();
@@ -63,11 +70,14 @@ void RestorePlacement(SettingsFile& settings, const std::string& section, const 
         SavePlacement(settings, section, form, keys);
         return;
     }
-    const ScreenSize screen = form.Screen();
-    FormBounds bounds = StoredBounds(settings, section, form, keys);
-    bounds.Top = KeptOnScreen(bounds.Top, bounds.Height, screen.Height);
-    bounds.Left = KeptOnScreen(bounds.Left, bounds.Width, screen.Width);
-    form.Place(bounds);
+    const FormBounds stored = StoredBounds(settings, section, form, keys);
+    const FormBounds wanted = KeptOnScreen(stored, stored, form.Screen());
+    form.Place(wanted);
+    // A form has a least size, and a desktop one that no form exceeds.
+    const FormBounds real = KeptOnScreen(stored, form.Bounds(), form.Screen());
+    if (real != wanted) {
+        form.Place(real);
+    }
     if (settings.ReadInt(section, keys.State) == static_cast<int>(WindowState::Maximised)) {
         form.Maximise();
     }

@@ -32,7 +32,8 @@ struct PlacedForm {
     std::function<ScreenSize()> Screen;
     std::function<WindowState()> State;
     std::function<FormBounds()> Bounds;
-    std::function<void(const FormBounds& bounds)> Place; ///< sets the bounds, which Bounds then returns
+    std::function<void(const FormBounds& bounds)>
+        Place;                      ///< sets the bounds; Bounds then returns those it really got
     std::function<void()> Maximise; ///< keeps the bounds for when it becomes normal again
 };
 
@@ -41,9 +42,10 @@ struct PlacedForm {
 bool SavePlacement(SettingsFile& settings, const std::string& section, const PlacedForm& form,
                    const PlacementKeys& keys);
 
-/// Puts a form where it was stored, on the screen; only a sizable one takes the stored size, where that is
-/// positive. A form stored as maximised is maximised again, one stored as minimised is normal. A form never
-/// stored is centred and stored at once; it then may reach beyond a screen smaller than itself.
+/// Puts a form where it was stored, on the screen by the size that it really gets; only a sizable one takes
+/// the stored size, where that is positive. A form stored as maximised is maximised again, one stored as
+/// minimised is normal. A form never stored is centred and stored at once; it then may reach beyond a screen
+/// smaller than itself.
 void RestorePlacement(SettingsFile& settings, const std::string& section, const PlacedForm& form,
                       const PlacementKeys& keys);
 

@@ -52,6 +52,36 @@ TEST(FormLoad, AStoredHomeDirectoryIsMadeCurrent) {
     EXPECT_EQ(harness->Config().FilePath, "/home/me/New_File.pl");
 }
 
+TEST(ChooseHomeDirectory, NamesAFileThatWasNeverSavedInItsNewPlace) {
+    EditorHarness harness;
+    harness.Start();
+    harness->txtTimerPU_Change("12");
+    harness.Log.clear();
+    harness->ChooseHomeDirectory("/home/me");
+    EXPECT_EQ(harness->Config().FilePath, "/home/me/New_File.pl");
+    EXPECT_EQ(harness->Title(),
+              "VDR812 Programmable Logic          (File: /home/me/New_File.pl) Version: 2.30");
+    EXPECT_EQ(harness.Count("title"), 1U);
+    EXPECT_EQ(harness->Config().Group(1).Timer(1).PickUp, 12);
+    EXPECT_TRUE(harness->Config().Modified);
+    harness->mnuFileSave_Click();
+    EXPECT_EQ(harness.Files.count("/home/me/New_File.pl"), 1U);
+    harness->ChooseHomeDirectory("/home");
+    EXPECT_EQ(harness->Config().FilePath, "/home/me/New_File.pl") << "that is its name by now";
+}
+
+TEST(ChooseHomeDirectory, LeavesANameThatTheUserChose) {
+    EditorHarness harness;
+    harness.Start();
+    harness.FailWith = DiskFullError;
+    harness.ChooseFile("/mnt", "mine.pl");
+    harness.AnswerBox(MessageAnswer::Cancel);
+    harness->mnuSaveBin_Click();
+    ASSERT_EQ(harness->Config().FilePath, "/mnt/mine.pl");
+    harness->ChooseHomeDirectory("/home/me");
+    EXPECT_EQ(harness->Config().FilePath, "/mnt/mine.pl");
+}
+
 TEST(FormLoad, AHomeDirectoryThatIsMissingOrEmptyIsTheProgramsFolder) {
     for (const char* home : {"HomeDir=/nowhere\r\n", "HomeDir=\r\n", ""}) {
         EditorHarness harness;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <filesystem>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,52 +15,54 @@ struct FileLockTest : testing::Test {
     TempFolder Folder;
     std::string Path = Folder.Path("x.lock");
     FileLocks Locks = RealFileLocks();
+    FileHandle Lock = NoLock;
 };
 
 TEST_F(FileLockTest, IsHeldByOne) {
-    const FileHandle first = Locks.Take(Path);
-    ASSERT_NE(NoLock, first);
-    EXPECT_EQ(NoLock, Locks.Take(Path));
-    Locks.Release(first, Path);
+    ASSERT_EQ(LockOutcome::Taken, Locks.Take(Path, Lock));
+    FileHandle second = NoLock;
+    EXPECT_EQ(LockOutcome::Held, Locks.Take(Path, second));
+    EXPECT_EQ(NoLock, second);
+    Locks.Release(Lock, Path);
     EXPECT_EQ(0, Folder.Count());
-    const FileHandle second = Locks.Take(Path);
-    EXPECT_NE(NoLock, second);
+    ASSERT_EQ(LockOutcome::Taken, Locks.Take(Path, second));
     Locks.Release(second, Path);
 }
 
 TEST_F(FileLockTest, IsLetGoOfByAProgramThatIsKilled) {
     const pid_t holder = ::fork();
     if (holder == 0) {
-        if (Locks.Take(Path) == NoLock) {
+        if (Locks.Take(Path, Lock) != LockOutcome::Taken) {
             ::_exit(1);
         }
         for (;;) {
             ::pause();
         }
     }
-    FileHandle lock = NoLock;
     for (int look = 0; look < 1000 && Folder.Count() == 0; ++look) {
         ::usleep(1000);
     }
     ::usleep(20000); // between its file and its lock
-    EXPECT_EQ(NoLock, Locks.Take(Path));
+    EXPECT_EQ(LockOutcome::Held, Locks.Take(Path, Lock));
     ASSERT_EQ(0, ::kill(holder, SIGKILL));
     ASSERT_EQ(holder, ::waitpid(holder, nullptr, 0));
     EXPECT_EQ(1, Folder.Count()) << "its file stays";
-    lock = Locks.Take(Path);
-    EXPECT_NE(NoLock, lock);
-    Locks.Release(lock, Path);
+    ASSERT_EQ(LockOutcome::Taken, Locks.Take(Path, Lock));
+    Locks.Release(Lock, Path);
     EXPECT_EQ(0, Folder.Count());
 }
 
 TEST_F(FileLockTest, AFolderThatIsMissingHasNone) {
-    EXPECT_EQ(NoLock, Locks.Take(Folder.Path("none/x.lock")));
+    EXPECT_EQ(LockOutcome::Refused, Locks.Take(Folder.Path("none/x.lock"), Lock));
+    EXPECT_EQ(NoLock, Lock);
 }
 
-TEST_F(FileLockTest, ALinkIsNotFollowed) {
+TEST_F(FileLockTest, ALinkIsReplacedAndNotFollowed) {
     ASSERT_EQ(0, ::symlink("elsewhere", Path.c_str()));
-    EXPECT_EQ(NoLock, Locks.Take(Path));
-    EXPECT_EQ("", Folder.Content("elsewhere"));
+    ASSERT_EQ(LockOutcome::Taken, Locks.Take(Path, Lock));
+    EXPECT_FALSE(std::filesystem::exists(Folder.Path("elsewhere")));
+    EXPECT_FALSE(std::filesystem::is_symlink(Path));
+    Locks.Release(Lock, Path);
 }
 
 } // namespace

@@ -175,5 +175,22 @@ RC_GTEST_PROP(AbsolutePath, IsUnchangedByASecondTime, ()) {
     RC_ASSERT(AbsolutePath(posix ? "/other" : "E:\\other", once, style) == once);
 }
 
+TEST(PlainPath, LeavesOutWhatNamesCancelOut) {
+    EXPECT_EQ("/home/a.pl", PlainPath("/home/x/../a.pl", PosixPaths));
+    EXPECT_EQ("/home/a.pl", PlainPath("/home//./x/y/../../a.pl", PosixPaths));
+    EXPECT_EQ("/a.pl", PlainPath("/../../a.pl", PosixPaths));
+    EXPECT_EQ("../a.pl", PlainPath("x/../../a.pl", PosixPaths));
+    EXPECT_EQ("../../a.pl", PlainPath("../../a.pl", PosixPaths));
+    EXPECT_EQ("/", PlainPath("/x/..", PosixPaths));
+    EXPECT_EQ("", PlainPath("", PosixPaths));
+    EXPECT_EQ("/home/..a", PlainPath("/home/..a", PosixPaths));
+}
+
+TEST(PlainPath, StartsWithItsDriveOrShare) {
+    EXPECT_EQ(R"(C:\a.pl)", PlainPath("C:/x/../../a.pl", WindowsPaths));
+    EXPECT_EQ(R"(C:a.pl)", PlainPath(R"(C:x\..\a.pl)", WindowsPaths));
+    EXPECT_EQ(R"(\\office\plc\a.pl)", PlainPath(R"(\\office\plc\..\x\..\a.pl)", WindowsPaths));
+}
+
 } // namespace
 } // namespace brindle

@@ -32,14 +32,16 @@ TEST(SystemErrorOfWindows, TellsAnUnknownOneInTheSystemsOwnWords) {
 TEST(FileLockOfWindows, IsHeldByOneAtATimeAndLeavesNoFile) {
     const TempFolder folder;
     const FileLocks locks = RealFileLocks();
-    const FileHandle first = locks.Take(folder.Path("x.lock"));
-    ASSERT_NE(NoLock, first);
-    EXPECT_EQ(NoLock, locks.Take(folder.Path("x.lock")));
+    FileHandle first = NoLock;
+    FileHandle second = NoLock;
+    ASSERT_EQ(LockOutcome::Taken, locks.Take(folder.Path("x.lock"), first));
+    EXPECT_EQ(LockOutcome::Held, locks.Take(folder.Path("x.lock"), second));
+    EXPECT_EQ(NoLock, second);
     locks.Release(first, folder.Path("x.lock"));
     EXPECT_EQ(0, folder.Count());
-    const FileHandle second = locks.Take(folder.Path("x.lock"));
-    EXPECT_NE(NoLock, second);
+    ASSERT_EQ(LockOutcome::Taken, locks.Take(folder.Path("x.lock"), second));
     locks.Release(second, folder.Path("x.lock"));
+    EXPECT_EQ(LockOutcome::Refused, locks.Take(folder.Path("none\\x.lock"), first));
 }
 
 TEST(BrowserOfWindows, AMissingPageHasNoProgram) {

@@ -1,5 +1,6 @@
 #include "files/whole_file.h"
 #include "settings/own_profile.h"
+#include "settings/recent_files.h"
 #include "settings/settings_file.h"
 #include "support/child_process.h"
 #include "support/shared_count.h"
@@ -23,10 +24,12 @@ namespace {
 constexpr const char* SharedSettings = "[Kept]\r\nKey=of both\r\n";
 
 SettingsFile SettingsOf(const TempFolder& folder, std::vector<MessageBox>& boxes) {
-    return {folder.Path(), OwnProfile(RealFileSystem()), RealFileSystem(), [&boxes](const MessageBox& box) {
+    return {folder.Path(), OwnProfile(RealFileSystem()), RealFileSystem(),
+            [&boxes](const MessageBox& box) {
                 boxes.push_back(box);
                 return MessageAnswer::Ok;
-            }};
+            },
+            RealFileLocks()};
 }
 
 /// Stores values of one letter under the program's own key and under a common one; whether every write went
@@ -93,6 +96,107 @@ TEST(TwoProgramsOnOneSettingsFile, InTurnsKeepEachOthersKeysAndTheLastOneWins) {
     EXPECT_TRUE(first.Write("Of1", "again", "Brindle"));
     EXPECT_EQ("again", second.Read("Brindle", "Of1"));
     EXPECT_TRUE(boxes.empty());
+}
+
+/// Lets `bodies` run in programs of their own, all from the same moment; whether each ended well.
+bool RunAtOnce(const std::vector<std::function<bool()>>& bodies) {
+    const SharedCount ready;
+    std::list<ChildProcess> programs;
+    for (const std::function<bool()>& body : bodies) {
+        programs.emplace_back([&] {
+            ready.Increment();
+            while (ready.Value() < bodies.size()) {
+                std::this_thread::yield();
+            }
+            return body();
+        });
+    }
+    return std::all_of(programs.begin(), programs.end(),
+                       [](ChildProcess& program) { return program.EndsWell(); });
+}
+
+TEST(ProgramsOnOneSettingsFile, AtOnceLoseNoKey) {
+    constexpr int programs = 8;
+    constexpr int keys = 25;
+    const TempFolder folder;
+    folder.Put("Benchkit.ini", SharedSettings);
+    std::vector<std::function<bool()>> bodies;
+    for (int program = 0; program < programs; ++program) {
+        bodies.emplace_back([&folder, program] {
+            std::vector<MessageBox> boxes;
+            SettingsFile settings = SettingsOf(folder, boxes);
+            bool well = true;
+            for (int key = 0; key < keys; ++key) {
+                const std::string name = std::to_string(program) + "." + std::to_string(key);
+                well = settings.Write(name, name, "Brindle") && well;
+            }
+            return well && boxes.empty();
+        });
+    }
+    ASSERT_TRUE(RunAtOnce(bodies));
+    std::vector<MessageBox> boxes;
+    const SettingsFile settings = SettingsOf(folder, boxes);
+    for (int program = 0; program < programs; ++program) {
+        for (int key = 0; key < keys; ++key) {
+            const std::string name = std::to_string(program) + "." + std::to_string(key);
+            EXPECT_EQ(name, settings.Read("Brindle", name));
+        }
+    }
+    EXPECT_EQ("of both", settings.Read("Kept", "Key"));
+    EXPECT_EQ(1, folder.Count()) << "neither files beside nor locks are left";
+}
+
+/// A start of the program that opens the file `name`: the list is loaded, and the file put at its head.
+bool StartWithFile(const TempFolder& folder, const std::string& name) {
+    std::vector<MessageBox> boxes;
+    SettingsFile settings = SettingsOf(folder, boxes);
+    RecentFileList list(folder.Path(), settings, RealFileSystem());
+    list.Load();
+    list.Enter({folder.Path(name), name, RelayKind::Vdr812});
+    return boxes.empty() && list.Entries()[0].Name == name;
+}
+
+/// The names in the list of a program that starts now, in the order of letters.
+std::vector<std::string> RecentNames(const TempFolder& folder) {
+    std::vector<MessageBox> boxes;
+    SettingsFile settings = SettingsOf(folder, boxes);
+    RecentFileList list(folder.Path(), settings, RealFileSystem());
+    list.Load();
+    std::vector<std::string> names;
+    for (const RecentFile& file : list.Entries()) {
+        if (file.Used()) {
+            names.push_back(file.Name);
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+TEST(ProgramsThatStartAtOnce, KeepEachOthersRecentFiles) {
+    for (int round = 0; round < 15; ++round) {
+        const TempFolder folder;
+        std::vector<std::string> names;
+        std::vector<std::function<bool()>> bodies;
+        for (int program = 0; program < RecentFileCount; ++program) {
+            names.push_back(std::to_string(program) + ".pl");
+            folder.Put(names.back(), "logic");
+            bodies.emplace_back([&folder, name = names.back()] { return StartWithFile(folder, name); });
+        }
+        ASSERT_TRUE(RunAtOnce(bodies));
+        ASSERT_EQ(names, RecentNames(folder)) << "round " << round;
+    }
+}
+
+TEST(ProgramsThatStartAtOnce, FifteenOfThemLeaveTheTenNewestFiles) {
+    const TempFolder folder;
+    std::vector<std::function<bool()>> bodies;
+    for (int program = 0; program < 15; ++program) {
+        const std::string name = std::to_string(program) + ".pl";
+        folder.Put(name, "logic");
+        bodies.emplace_back([&folder, name] { return StartWithFile(folder, name); });
+    }
+    ASSERT_TRUE(RunAtOnce(bodies));
+    EXPECT_EQ(static_cast<std::size_t>(RecentFileCount), RecentNames(folder).size());
 }
 
 TEST(TwoProgramsOnOneSettingsFile, AtOnceNeverTearIt) {

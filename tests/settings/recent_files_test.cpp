@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -43,7 +44,9 @@ class RecentFileListTest : public testing::Test {
     }
 
     RecentFileList List(const std::string& programFolder = "/opt/brindle") {
-        return {programFolder, Profile.Functions(), Files.Operations(), Profile.Show()};
+        runs_.push_back(std::make_unique<SettingsFile>(programFolder, Profile.Functions(), Profile.Files(),
+                                                       Profile.Show()));
+        return {programFolder, *runs_.back(), Files.Operations()};
     }
 
     void Put(const std::string& name) { Files.AddFile("/home/me/" + name, "logic"); }
@@ -55,6 +58,9 @@ class RecentFileListTest : public testing::Test {
 
     MemoryProfile Profile;
     FakeFileSystem Files;
+
+  private:
+    std::vector<std::unique_ptr<SettingsFile>> runs_;
 };
 
 TEST(RecentFileValue, IsPathNameAndModelJoinedByCommas) {
@@ -128,6 +134,18 @@ TEST(EnterRecentFile, CaseTellsFilesApartExceptWhereThereAreDrives) {
     EXPECT_EQ("X.PL ", NamesOf(files));
     EnterRecentFile(files, lower, PosixPaths);
     EXPECT_EQ("x.pl X.PL ", NamesOf(files));
+}
+
+TEST(EnterRecentFile, TwoWritingsOfAPathAreOneFile) {
+    RecentFiles files;
+    EnterRecentFile(files, {"/home/me/a.pl", "a.pl", RelayKind::Vdr812});
+    EnterRecentFile(files, {"/home/me/x/../a.pl", "a.pl", RelayKind::Vdr812});
+    EXPECT_EQ("a.pl ", NamesOf(files));
+    EXPECT_EQ("/home/me/x/../a.pl", files[0].Path) << "what the system was asked for is what it opens";
+    EnterRecentFile(files, {"/home/me//./a.pl", "a.pl", RelayKind::Vdr812});
+    EXPECT_EQ("a.pl ", NamesOf(files));
+    EnterRecentFile(files, {"/home/a.pl", "a.pl", RelayKind::Vdr812});
+    EXPECT_EQ("a.pl a.pl ", NamesOf(files));
 }
 
 TEST_F(RecentFileListTest, AMissingSectionYieldsTenEmptySlotsAndTenKeys) {
@@ -236,6 +254,68 @@ TEST_F(RecentFileListTest, FailedSavesAreToldOnceARunAndTheListIsKept) {
     list.Enter(File("b.pl"));
     EXPECT_EQ(1U, Profile.Boxes.size());
     EXPECT_EQ("b.pl a.pl ", NamesOf(list.Entries()));
+}
+
+TEST_F(RecentFileListTest, ProgramsThatShareItKeepEachOthersFiles) {
+    RecentFileList first = List();
+    RecentFileList second = List();
+    first.Enter(File("a.pl"));
+    second.Enter(File("b.pl"));
+    EXPECT_EQ("b.pl a.pl ", NamesOf(second.Entries()));
+    first.Enter(File("c.pl"));
+    EXPECT_EQ("c.pl b.pl a.pl ", NamesOf(first.Entries()));
+    EXPECT_EQ("/home/me/b.pl,b.pl,1", Stored(1));
+}
+
+TEST_F(RecentFileListTest, WhatCouldNotBeStoredIsStoredWithTheNextFile) {
+    RecentFileList first = List();
+    RecentFileList second = List();
+    Profile.FailFrom = 1;
+    first.Enter(File("a.pl"));
+    Profile.FailFrom = 0;
+    second.Enter(File("b.pl"));
+    first.Enter(File("c.pl"));
+    EXPECT_EQ("c.pl a.pl b.pl ", NamesOf(first.Entries()));
+    EXPECT_EQ("/home/me/a.pl,a.pl,1", Stored(1));
+    second.Enter(File("a.pl"));
+    second.Enter(File("d.pl"));
+    first.Enter(File("e.pl"));
+    EXPECT_EQ("e.pl d.pl a.pl c.pl b.pl ", NamesOf(first.Entries())) << "no file twice";
+}
+
+TEST_F(RecentFileListTest, APathWithACommaStaysInItsPlaceOfThisRun) {
+    RecentFileList list = List();
+    list.Enter(File("a.pl"));
+    list.Enter(File("b,c.pl"));
+    list.Enter(File("d.pl"));
+    EXPECT_EQ("d.pl b,c.pl a.pl ", NamesOf(list.Entries()));
+    EXPECT_EQ("EMPTY", Stored(1));
+}
+
+TEST_F(RecentFileListTest, AFileUsedByAnotherProgramWhileThisOneLooksForFilesIsKept) {
+    Put("a.pl");
+    Profile.Text = "[Brindle Recent]\r\nRecent0=/home/me/gone.pl,gone.pl,1\r\n";
+    ProfileFunctions functions = Profile.Functions();
+    functions.Update = [&](const std::string& path, const std::string& section,
+                           const DecideProfileEntries& decide) {
+        List().Enter(File("a.pl")); // of the other program
+        return Profile.Functions().Update(path, section, decide);
+    };
+    SettingsFile settings("/opt/brindle", functions, Profile.Files(), Profile.Show());
+    RecentFileList list("/opt/brindle", settings, Files.Operations());
+    list.Load();
+    EXPECT_EQ("a.pl ", NamesOf(list.Entries()));
+    EXPECT_EQ("/home/me/a.pl,a.pl,1", Stored(0));
+    EXPECT_EQ("EMPTY", Stored(1));
+}
+
+TEST_F(RecentFileListTest, AFailedSettingThatWasToldOfIsNotToldAgainForTheList) {
+    Profile.FailFrom = 1;
+    SettingsFile settings("/opt/brindle", Profile.Functions(), Profile.Files(), Profile.Show());
+    RecentFileList list("/opt/brindle", settings, Files.Operations());
+    EXPECT_FALSE(settings.Write(KeyHomeDir, "/home", SectionBrindle));
+    list.Enter(File("a.pl"));
+    EXPECT_EQ(1U, Profile.Boxes.size());
 }
 
 TEST_F(RecentFileListTest, LoadingFromAFolderThatCannotBeWrittenIsSilent) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <string>
 #include <vector>
@@ -18,6 +19,8 @@ struct FormOnDesk {
     FormBounds Bounds{100, 200, 6000, 9000};
     WindowState State = WindowState::Normal;
     Texts Done;
+    int LeastHeight = 0;
+    int LeastWidth = 0;
 
     PlacedForm Placed(bool sizable = true) {
         PlacedForm form;
@@ -26,7 +29,8 @@ struct FormOnDesk {
         form.State = [this] { return State; };
         form.Bounds = [this] { return Bounds; };
         form.Place = [this](const FormBounds& bounds) {
-            Bounds = bounds;
+            Bounds = {bounds.Top, bounds.Left, std::max(bounds.Height, LeastHeight),
+                      std::max(bounds.Width, LeastWidth)};
             Done.emplace_back("place");
         };
         form.Maximise = [this] {
@@ -155,6 +159,17 @@ TEST_F(Placement, APlaceBeyondTheScreenGoesToItsTopOrLeftEdge) {
     profile_.Text = Stored(0, {-1, -1, 7500, 10500});
     Restore();
     EXPECT_EQ((FormBounds{0, 0, 7500, 10500}), desk_.Bounds);
+}
+
+TEST_F(Placement, AFormStoredSmallerThanItsLeastSizeIsKeptOnTheScreenByTheSizeItGets) {
+    desk_.LeastHeight = 5000;
+    desk_.LeastWidth = 7000;
+    profile_.Text = Stored(0, {7001, 12201, 1000, 1000});
+    Restore();
+    EXPECT_EQ((FormBounds{0, 0, 5000, 7000}), desk_.Bounds);
+    profile_.Text = Stored(0, {7000, 12200, 1000, 1000});
+    Restore();
+    EXPECT_EQ((FormBounds{7000, 12200, 5000, 7000}), desk_.Bounds) << "where it just fits";
 }
 
 TEST_F(Placement, NumbersAtTheEndsOfTheirRangeAreBeyondTheScreen) {

@@ -2,6 +2,8 @@
 
 #include "settings/profile_text.h"
 
+#include <algorithm>
+
 namespace brindle {
 
 ProfileFunctions MemoryProfile::Functions() {
@@ -24,6 +26,17 @@ ProfileFunctions MemoryProfile::Functions() {
         Text = key ? SetProfileValue(text, section, *key, value.value_or(""))
                    : DeleteProfileSection(text, section);
         return true;
+    };
+    profile.Update = [read = profile.ReadText, write = profile.Write](const std::string& path,
+                                                                      const std::string& section,
+                                                                      const DecideProfileEntries& decide) {
+        const auto readKey = [&](const std::string& key, const std::string& fallback) {
+            return read(path, section, key, fallback);
+        };
+        const std::vector<ProfileEntry> entries = decide(readKey);
+        return std::all_of(entries.begin(), entries.end(), [&](const ProfileEntry& entry) {
+            return write(path, section, entry.Key, entry.Value);
+        });
     };
     return profile;
 }
