@@ -1,9 +1,11 @@
 #include "editor/group_editing.h"
 #include "files/program_file.h"
+#include "files/recovery_copy.h"
 #include "files/vdr810_reader.h"
 #include "files/vdr810_writer.h"
 #include "fuzz/check.h"
 #include "fuzz/editor_world.h"
+#include "fuzz/home_directory_run.h"
 
 #include <algorithm>
 #include <array>
@@ -22,13 +24,15 @@ class EditorRun {
 
     void Run() {
         for (int commands = 0; decisions_.Left() && commands < GreatestCommands; ++commands) {
-            const int kind = decisions_.Number(0, 2);
+            const int kind = decisions_.Number(0, 15);
             if (kind == 0) {
+                EndRun();
+            } else if (kind <= 4) {
                 FileCommand();
-            } else if (kind == 1) {
-                EditCommand();
-            } else {
+            } else if (kind <= 9) {
                 ShowCommand();
+            } else {
+                EditCommand();
             }
             RequireSound();
         }
@@ -39,6 +43,79 @@ class EditorRun {
     }
 
   private:
+    /// The program ends, of itself or not, and is started again, after seconds pass or none.
+    void EndRun() {
+        switch (decisions_.Number(0, 5)) {
+        case 0:
+            world_.StartAgain(RunEnd::Closed);
+            break;
+        case 1:
+            world_.StartAgain(RunEnd::Killed);
+            break;
+        case 2:
+            world_.StartAgain(RunEnd::PowerLost);
+            break;
+        case 3:
+            DamageRecoveryCopy();
+            break;
+        case 4:
+            world_->KeepRecoveryCopy();
+            break;
+        default:
+            KillAndRecover();
+        }
+    }
+
+    void DamageRecoveryCopy() {
+        const std::vector<std::string> copies = world_.RecoveryCopies();
+        if (copies.empty()) {
+            return;
+        }
+        const std::string& path =
+            copies.at(static_cast<std::size_t>(decisions_.Number(0, static_cast<int>(copies.size()) - 1)));
+        std::string bytes = world_.Disk.Content(path).value_or("");
+        if (!bytes.empty()) {
+            const std::size_t at = static_cast<std::size_t>(decisions_.Byte() * 256 + decisions_.Byte());
+            bytes[at % bytes.size()] = static_cast<char>(decisions_.Byte());
+            world_.Disk.AddFile(path, bytes, 0600);
+        }
+    }
+
+    /// Work that stood still for seconds on a healthy disk is in a copy, from which it comes back letter for
+    /// letter.
+    void KillAndRecover() {
+        constexpr std::size_t mostCopies = 20;
+        world_.Disk.FailNoMore();
+        if (world_.RecoveryCopies().size() >= mostCopies) {
+            return;
+        }
+        int dropOut = 1;
+        do { // one of two different logics is not the one that was saved or made last
+            world_->EditConfig().Group(1).Timer(1).DropOut = dropOut;
+            for (int seconds = 0; seconds < 3; ++seconds) {
+                world_->KeepRecoveryCopy();
+            }
+        } while (!IsKept(RecoveryLogic(world_->Config())) && ++dropOut <= 2);
+        const std::string work = RecoveryLogic(world_->Config());
+        Require(IsKept(work), "unsaved work is kept");
+        const bool taken = decisions_.Number(0, 1) == 0;
+        world_.AnswerAtStart = taken ? MessageAnswer::Yes : MessageAnswer::Cancel;
+        world_.StartAgain(decisions_.Number(0, 1) == 0 ? RunEnd::Killed : RunEnd::PowerLost);
+        world_.AnswerAtStart.reset();
+        Require(IsKept(work), "a copy that was left stays until it is saved or thrown away");
+        Require(!taken || IsKept(RecoveryLogic(world_->Config())), "work comes back as it was");
+    }
+
+    [[nodiscard]] bool IsKept(const std::string& work) const {
+        const std::vector<std::string> copies = world_.RecoveryCopies();
+        return std::any_of(copies.begin(), copies.end(), [&](const std::string& path) {
+            RecoveryCopy copy;
+            LogicConfig config;
+            return DecodeRecoveryCopy(world_.Disk.Content(path).value_or(""), copy, config) &&
+                   copy.Logic == work;
+        });
+    }
+
     void FileCommand() {
         switch (decisions_.Number(0, 14)) {
         case 0:
@@ -48,7 +125,7 @@ class EditorRun {
             world_->mnuNewFileVer230_Click();
             break;
         case 2:
-            if (decisions_.Number(0, 3) == 0) { // its dialog asks for each of 32768 options numbers
+            if (decisions_.Number(0, 7) == 0) { // its dialog asks for each of 32768 options numbers
                 world_->mnuFileNewVdr810_Click();
             }
             break;
@@ -75,7 +152,7 @@ class EditorRun {
             world_->Command1_Click();
             break;
         case 11:
-            world_->ChooseHomeDirectory(decisions_.Number(0, 1) == 0 ? "/home" : "/gone");
+            RunHomeDirectory(world_, decisions_);
             break;
         case 12:
             world_->mnuExit_Click();

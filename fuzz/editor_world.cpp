@@ -7,12 +7,12 @@
 #include "support/vdr810_scheme.h"
 
 #include <algorithm>
+#include <array>
+#include <tuple>
 
 namespace brindle {
 
 namespace {
-
-constexpr const char* ProgramsFolder = "/opt/brindle";
 
 std::string NewProgram(float version) {
     LogicConfig config;
@@ -24,6 +24,33 @@ std::string NewProgram(float version) {
 
 std::string NameIn(const std::string& path) {
     return path.substr(path.rfind('/') + 1);
+}
+
+constexpr std::array<std::tuple<double, std::int16_t, std::int16_t>, 2> OptionFiles{
+    {{1.0, 0, 3}, {2.3, 12, 8}}}; // version, options, groups
+
+struct StartFile {
+    std::string Path;
+    std::string Bytes;
+    std::uint32_t Mode = 0644;
+};
+
+/// What is on the disk of every run, made once.
+std::vector<StartFile> MakeStartFiles() {
+    const std::string logicFile = SchemeLogicFile(2.3, 12);
+    std::vector<StartFile> files{{"/home/a.pl", NewProgram(Version230)},
+                                 {"/home/old.pl", NewProgram(Version100)},
+                                 {"/home/short.pl", NewProgram(Version230).substr(0, 300)},
+                                 {"/home/noise.pl", std::string(2048, '\xA5')},
+                                 {"/home/readonly.pl", NewProgram(Version230), 0444},
+                                 {"/home/a.c10", logicFile},
+                                 {"/home/other.c10", SchemeLogicFile(5.5, 1, 3)},
+                                 {"/home/cut.c10", logicFile.substr(0, logicFile.size() / 2)}};
+    for (const auto& [version, options, groups] : OptionFiles) {
+        files.push_back({JoinPath(EditorWorld::ProgramFolder, OptionFileName(version, options)),
+                         SchemeOptionFile(version, options, groups)});
+    }
+    return files;
 }
 
 } // namespace
@@ -50,31 +77,53 @@ std::string Decisions::Text(std::size_t longest) {
 }
 
 EditorWorld::EditorWorld(Decisions& decisions) : decisions_(decisions) {
-    const std::string logicFile = SchemeLogicFile(2.3, 12);
-    Disk.AddFolder("/home");
-    Disk.AddFolder("/opt");
-    Disk.AddFolder(ProgramsFolder);
-    Disk.AddFile("/home/a.pl", NewProgram(Version230));
-    Disk.AddFile("/home/old.pl", NewProgram(Version100));
-    Disk.AddFile("/home/short.pl", NewProgram(Version230).substr(0, 300));
-    Disk.AddFile("/home/noise.pl", std::string(2048, '\xA5'));
-    Disk.AddFile("/home/readonly.pl", NewProgram(Version230), 0444);
-    Disk.AddFile("/home/a.c10", logicFile);
-    Disk.AddFile("/home/other.c10", SchemeLogicFile(5.5, 1, 3));
-    Disk.AddFile("/home/cut.c10", logicFile.substr(0, logicFile.size() / 2));
-    Disk.AddFolder("/home/folder.pl");
-    Disk.AddLink("/home/dangling.c10", "/home/nowhere.c10");
-    for (const auto& [version, options, groups] : {std::tuple{1.0, 0, 3}, std::tuple{2.3, 12, 8}}) {
-        const auto number = static_cast<std::int16_t>(options);
-        Disk.AddFile(JoinPath(ProgramsFolder, OptionFileName(version, options)),
-                     SchemeOptionFile(version, number, static_cast<std::int16_t>(groups)));
-        folders_.FilesOf[ProgramsFolder].push_back(OptionFileName(version, options));
+    static const std::vector<StartFile> files = MakeStartFiles();
+    folders_.Existing = {"/",      "/closed",  "/home", "/home/folder.pl", "/home/lines", "/mnt",
+                         "/mnt/a", "/mnt/a/b", "/opt",  ProgramFolder};
+    folders_.Closed = {"/closed"};
+    folders_.Volumes = {"/", "/mnt/a", "/mnt/absent"};
+    for (const std::string& folder : folders_.Existing) {
+        Disk.AddFolder(folder);
     }
-    folders_.Existing = {"/", "/home", "/opt", ProgramsFolder};
+    for (const StartFile& file : files) {
+        Disk.AddFile(file.Path, file.Bytes, file.Mode);
+    }
+    Disk.AddLink("/home/dangling.c10", "/home/nowhere.c10");
+    for (const auto& [version, options, groups] : OptionFiles) {
+        folders_.FilesOf[ProgramFolder].push_back(OptionFileName(version, options));
+    }
+    Start();
+}
+
+void EditorWorld::Start() {
     editor_ = std::make_unique<Editor>(Surroundings());
     editor_->AttachWindow(Window());
     editor_->Form_Initialize();
     editor_->Form_Load();
+}
+
+void EditorWorld::StartAgain(RunEnd end) {
+    if (end == RunEnd::Closed) {
+        editor_->Form_Unload();
+        editor_->Form_Terminate();
+    }
+    editor_.reset();
+    if (end == RunEnd::PowerLost) {
+        Disk.Crash(decisions_.Number(0, 1) == 0 ? UnflushedNames::Forgotten : UnflushedNames::Kept);
+    }
+    locks_.Held.clear();
+    Start();
+}
+
+std::vector<std::string> EditorWorld::RecoveryCopies() const {
+    std::vector<std::string> copies = Disk.Names();
+    const std::string start = JoinPath(ProgramFolder, "Recovery");
+    copies.erase(std::remove_if(copies.begin(), copies.end(),
+                                [&](const std::string& path) {
+                                    return !path.starts_with(start) || !path.ends_with(".brindle");
+                                }),
+                 copies.end());
+    return copies;
 }
 
 const std::vector<std::string>& EditorWorld::Paths() {
@@ -102,6 +151,9 @@ MessageAnswer EditorWorld::Answer(const MessageBox& box) {
     case MessageButtons::YesNo:
         return choose({MessageAnswer::Yes, MessageAnswer::No});
     case MessageButtons::YesNoCancel:
+        if (AnswerAtStart) {
+            return *AnswerAtStart;
+        }
         return choose({MessageAnswer::Yes, MessageAnswer::No, MessageAnswer::Cancel});
     case MessageButtons::RetryCancel:
         return choose({MessageAnswer::Retry, MessageAnswer::Cancel});
@@ -111,11 +163,20 @@ MessageAnswer EditorWorld::Answer(const MessageBox& box) {
 
 EditorSurroundings EditorWorld::Surroundings() {
     EditorSurroundings surroundings;
-    surroundings.ProgramFolder = ProgramsFolder;
+    surroundings.ProgramFolder = ProgramFolder;
     surroundings.ProgramMajor = 1;
     surroundings.Files = Disk.Operations();
+    surroundings.Locks = locks_.Operations();
     surroundings.Profile = OwnProfile(surroundings.Files);
     surroundings.Folders = folders_.Operations();
+    surroundings.Folders.MakeFolder = [this](const std::string& path) {
+        if (decisions_.Number(0, 7) == 0) {
+            return MakeFileError(PathAccessError, "make folder " + path);
+        }
+        folders_.Existing.insert(path);
+        Disk.AddFolder(path);
+        return FileError{};
+    };
     surroundings.ShowMessageBox = [this](const MessageBox& box) { return Answer(box); };
     surroundings.RunFileDialog = [this](const FileDialogRequest&) -> std::optional<FileDialogAnswer> {
         const int choice = decisions_.Number(0, static_cast<int>(Paths().size()));

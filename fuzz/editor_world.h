@@ -3,9 +3,11 @@
 #include "editor/editor.h"
 #include "support/fake_file_system.h"
 #include "support/fake_folders.h"
+#include "support/fake_locks.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +32,13 @@ class Decisions {
     std::string_view rest_;
 };
 
+/// How a run of the program ends.
+enum class RunEnd {
+    Closed,
+    Killed,    ///< at once; the system lets go of the locks
+    PowerLost, ///< the same, and what was not flushed is gone
+};
+
 /// An editor over files in memory, whose boxes and dialogs are answered by the decisions. The disk holds good
 /// and bad files of both relays and two option files, and has faults when it is told to.
 class EditorWorld {
@@ -42,16 +51,29 @@ class EditorWorld {
 
     FakeFileSystem Disk;
 
+    /// Answers what a start asks about work that was left; without it the decisions do.
+    std::optional<MessageAnswer> AnswerAtStart;
+
+    static constexpr const char* ProgramFolder = "/opt/brindle";
+
+    /// Ends the program and starts it again on the same disk.
+    void StartAgain(RunEnd end);
+
+    /// The paths of the recovery copies on the disk.
+    [[nodiscard]] std::vector<std::string> RecoveryCopies() const;
+
     /// The files that dialogs choose from; some of them do not exist.
     static const std::vector<std::string>& Paths();
 
   private:
+    void Start();
     EditorSurroundings Surroundings();
     EditorWindow Window();
     MessageAnswer Answer(const MessageBox& box);
 
     Decisions& decisions_;
     FakeFolders folders_;
+    FakeLocks locks_;
     FormBounds bounds_{0, 0, 9000, 12000};
     std::unique_ptr<Editor> editor_;
 };
