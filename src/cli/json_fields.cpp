@@ -4,28 +4,37 @@
 #include "files/text_fields.h"
 #include "model/number_text.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
-#include <limits>
 #include <vector>
 
 namespace brindle {
 
 namespace {
 
-using nlohmann::json;
+constexpr std::size_t MostDigitsShown = 30;
 
-/// What `value` is, in a refusal: numbers and truth values as they stand, others by their kind, since they
+/// What a value is, in a refusal: numbers and truth values as they stand, others by their kind, since they
 /// may be long.
-std::string Shown(const json& value) {
-    if (value.is_number() || value.is_boolean() || value.is_null()) {
-        return value.dump();
-    }
-    if (value.is_string()) {
-        return "a text";
-    }
-    return value.is_array() ? "a list" : "an object";
+struct Show {
+    std::string operator()(std::nullptr_t /*null*/) const { return "null"; }
+
+    std::string operator()(bool value) const { return value ? "true" : "false"; }
+
+    std::string operator()(std::int64_t value) const { return std::to_string(value); }
+
+    std::string operator()(std::uint64_t value) const { return std::to_string(value); }
+
+    std::string operator()(const JsonReal& value) const { return Excerpt(value.Text, MostDigitsShown); }
+
+    std::string operator()(const std::string& /*text*/) const { return "a text"; }
+
+    std::string operator()(const JsonList& /*list*/) const { return "a list"; }
+
+    std::string operator()(const JsonObject& /*object*/) const { return "an object"; }
+};
+
+std::string Shown(const JsonValue& value) {
+    return std::visit(Show{}, value.Held);
 }
 
 /// The characters of a text. The parser has already refused ill-formed UTF-8.
@@ -55,71 +64,72 @@ bool JsonFields::Refuse(const std::string& path, const std::string& reason) {
     return false;
 }
 
-bool JsonFields::Object(const json& value, const std::string& path,
+bool JsonFields::Object(const JsonValue& value, const std::string& path,
                         std::initializer_list<std::string_view> fields) {
     if (!refusal_.empty()) {
         return false;
     }
-    if (!value.is_object()) {
+    const auto* object = std::get_if<JsonObject>(&value.Held);
+    if (object == nullptr) {
         return Refuse(path, Shown(value) + " is not an object");
     }
-    for (const auto& item : value.items()) {
-        if (std::find(fields.begin(), fields.end(), item.key()) == fields.end()) {
-            return Refuse(FieldPath(path, item.key()), "unknown field");
+    for (const JsonField& field : *object) {
+        if (std::find(fields.begin(), fields.end(), field.Name) == fields.end()) {
+            return Refuse(FieldPath(path, field.Name), "unknown field");
         }
     }
     for (const std::string_view field : fields) {
-        if (!value.contains(field)) {
-            return Refuse(FieldPath(path, std::string(field)), "missing");
+        if (value.Find(field) == nullptr) {
+            return Refuse(FieldPath(path, field), "missing");
         }
     }
     return true;
 }
 
-bool JsonFields::List(const json& value, const std::string& path, std::size_t size) {
+bool JsonFields::List(const JsonValue& value, const std::string& path, std::size_t size) {
     if (!refusal_.empty()) {
         return false;
     }
-    if (!value.is_array()) {
+    const auto* list = std::get_if<JsonList>(&value.Held);
+    if (list == nullptr) {
         return Refuse(path, Shown(value) + " is not a list");
     }
-    if (value.size() != size) {
-        return Refuse(path, std::to_string(value.size()) + " elements, not " + std::to_string(size));
+    if (list->size() != size) {
+        return Refuse(path, std::to_string(list->size()) + " elements, not " + std::to_string(size));
     }
     return true;
 }
 
-bool JsonFields::Whole(const json& value, const std::string& path, std::int64_t least, std::int64_t most,
+bool JsonFields::Whole(const JsonValue& value, const std::string& path, std::int64_t least, std::int64_t most,
                        std::int64_t& number) {
     if (!refusal_.empty()) {
         return false;
     }
     const std::string range = std::to_string(least) + " to " + std::to_string(most);
-    if (!value.is_number_integer()) {
+    const auto* whole = std::get_if<std::int64_t>(&value.Held);
+    if (whole == nullptr && !std::holds_alternative<std::uint64_t>(value.Held)) {
         return Refuse(path, Shown(value) + " is not a whole number in " + range);
     }
-    constexpr auto top = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-    const bool beyond = value.is_number_unsigned() && value.get<std::uint64_t>() > top;
-    const std::int64_t whole = beyond ? 0 : value.get<std::int64_t>();
-    if (beyond || whole < least || whole > most) {
+    if (whole == nullptr || *whole < least || *whole > most) {
         return Refuse(path, Shown(value) + " is not in " + range);
     }
-    number = whole;
+    number = *whole;
     return true;
 }
 
-bool JsonFields::Text(const json& value, const std::string& path, std::string& text) {
+bool JsonFields::Text(const JsonValue& value, const std::string& path, std::string& text) {
     if (!refusal_.empty()) {
         return false;
     }
-    if (!value.is_string()) {
+    const auto* held = std::get_if<std::string>(&value.Held);
+    if (held == nullptr) {
         return Refuse(path, Shown(value) + " is not a text");
     }
-    text = value.get<std::string>();
+    text = *held;
     return true;
 }
 
-bool JsonFields::AnyBytes(const json& value, const std::string& path, std::string& bytes) {
+bool JsonFields::AnyBytes(const JsonValue& value, const std::string& path, std::string& bytes) {
     std::string text;
     if (!Text(value, path, text)) {
         return false;
@@ -135,7 +145,7 @@ bool JsonFields::AnyBytes(const json& value, const std::string& path, std::strin
     return true;
 }
 
-bool JsonFields::Bytes(const json& value, const std::string& path, std::span<char> bytes) {
+bool JsonFields::Bytes(const JsonValue& value, const std::string& path, std::span<char> bytes) {
     std::string read;
     if (!AnyBytes(value, path, read)) {
         return false;
@@ -147,7 +157,7 @@ bool JsonFields::Bytes(const json& value, const std::string& path, std::span<cha
     return true;
 }
 
-bool JsonFields::Line(const json& value, const std::string& path, std::string& bytes) {
+bool JsonFields::Line(const JsonValue& value, const std::string& path, std::string& bytes) {
     std::string read;
     if (!AnyBytes(value, path, read)) {
         return false;
@@ -159,7 +169,7 @@ bool JsonFields::Line(const json& value, const std::string& path, std::string& b
     return true;
 }
 
-bool JsonFields::TwoDecimals(const json& value, const std::string& path, float& number) {
+bool JsonFields::TwoDecimals(const JsonValue& value, const std::string& path, float& number) {
     float single = 0;
     double precise = 0;
     if (!TwoDecimals(value, path, single, precise)) {
@@ -172,7 +182,8 @@ bool JsonFields::TwoDecimals(const json& value, const std::string& path, float& 
     return true;
 }
 
-bool JsonFields::TwoDecimals(const json& value, const std::string& path, float& single, double& precise) {
+bool JsonFields::TwoDecimals(const JsonValue& value, const std::string& path, float& single,
+                             double& precise) {
     std::string text;
     if (!Text(value, path, text)) {
         return false;

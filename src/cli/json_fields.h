@@ -1,6 +1,6 @@
 #pragma once
 
-#include <nlohmann/json_fwd.hpp>
+#include "cli/json_value.h"
 
 #include <cstdint>
 #include <initializer_list>
@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 
-/// Private to this folder, as every header that names the JSON library.
 namespace brindle {
 
 /// Takes values out of parsed JSON, each only as what it is asked to be. The first refusal is kept; from then
@@ -19,36 +18,36 @@ class JsonFields {
     [[nodiscard]] const std::string& Refusal() const { return refusal_; }
 
     /// Whether the value at `path` is an object of exactly these fields, in any order.
-    bool Object(const nlohmann::json& value, const std::string& path,
+    bool Object(const JsonValue& value, const std::string& path,
                 std::initializer_list<std::string_view> fields);
 
     /// Whether the value is a list of `size` elements.
-    bool List(const nlohmann::json& value, const std::string& path, std::size_t size);
+    bool List(const JsonValue& value, const std::string& path, std::size_t size);
 
     /// Whether the value is a whole number from `least` to `most`.
-    bool Whole(const nlohmann::json& value, const std::string& path, std::int64_t least, std::int64_t most,
+    bool Whole(const JsonValue& value, const std::string& path, std::int64_t least, std::int64_t most,
                std::int64_t& number);
 
-    bool Text(const nlohmann::json& value, const std::string& path, std::string& text);
+    bool Text(const JsonValue& value, const std::string& path, std::string& text);
 
     /// Takes a text of as many characters as `bytes` has, each the byte of the same value.
-    bool Bytes(const nlohmann::json& value, const std::string& path, std::span<char> bytes);
+    bool Bytes(const JsonValue& value, const std::string& path, std::span<char> bytes);
 
     /// Takes a text of any length without commas and line ends, each character the byte of the same value.
-    bool Line(const nlohmann::json& value, const std::string& path, std::string& bytes);
+    bool Line(const JsonValue& value, const std::string& path, std::string& bytes);
 
     /// Takes a text that is a number with exactly two decimals, "2.30", none of which single precision loses.
-    bool TwoDecimals(const nlohmann::json& value, const std::string& path, float& number);
+    bool TwoDecimals(const JsonValue& value, const std::string& path, float& number);
 
     /// Takes such a text in both precisions; digits that single precision loses are no fault.
-    bool TwoDecimals(const nlohmann::json& value, const std::string& path, float& single, double& precise);
+    bool TwoDecimals(const JsonValue& value, const std::string& path, float& single, double& precise);
 
     /// Notes a refusal of the value at `path`. Always false.
     bool Refuse(const std::string& path, const std::string& reason);
 
   private:
     /// The bytes of a text, each of the value of a character.
-    bool AnyBytes(const nlohmann::json& value, const std::string& path, std::string& bytes);
+    bool AnyBytes(const JsonValue& value, const std::string& path, std::string& bytes);
 
     std::string refusal_;
 };

@@ -5,16 +5,12 @@
 #include "model/number_text.h"
 #include "model/output_map.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <limits>
 
 namespace brindle {
 
 namespace {
-
-using nlohmann::json;
 
 using Int16 = std::numeric_limits<std::int16_t>;
 using Int32 = std::numeric_limits<std::int32_t>;
@@ -28,7 +24,7 @@ struct GroupRanges {
 
 /// Reads a whole number from `least` to `most` into the smaller type that holds it.
 template<class Number>
-void ReadWhole(JsonFields& fields, const json& value, const std::string& path, std::int64_t least,
+void ReadWhole(JsonFields& fields, const JsonValue& value, const std::string& path, std::int64_t least,
                std::int64_t most, Number& target) {
     std::int64_t number = 0;
     if (fields.Whole(value, path, least, most, number)) {
@@ -36,11 +32,11 @@ void ReadWhole(JsonFields& fields, const json& value, const std::string& path, s
     }
 }
 
-void ReadInt32(JsonFields& fields, const json& value, const std::string& path, std::int32_t& target) {
+void ReadInt32(JsonFields& fields, const JsonValue& value, const std::string& path, std::int32_t& target) {
     ReadWhole(fields, value, path, Int32::min(), Int32::max(), target);
 }
 
-void ReadHeader(JsonFields& fields, const json& value, ProgramHeader& header) {
+void ReadHeader(JsonFields& fields, const JsonValue& value, ProgramHeader& header) {
     const std::string path = "header";
     if (!fields.Object(value, path, {"magic", "version_text", "header_word", "text1", "text2"})) {
         return;
@@ -52,7 +48,8 @@ void ReadHeader(JsonFields& fields, const json& value, ProgramHeader& header) {
     fields.Bytes(value["text2"], path + ".text2", header.Text2);
 }
 
-void ReadVdr810Header(JsonFields& fields, const json& value, Vdr810Head& head, std::int16_t& unconnected) {
+void ReadVdr810Header(JsonFields& fields, const JsonValue& value, Vdr810Head& head,
+                      std::int16_t& unconnected) {
     if (!fields.Object(value, "header",
                        {"identity", "format_number", "settings_version", "options", "group_count", "timers",
                         "latches", "labels", "categories", "signals", "first_output", "last_output",
@@ -87,8 +84,8 @@ void ReadVdr810Header(JsonFields& fields, const json& value, Vdr810Head& head, s
     whole("unconnected", Int16::min(), Int16::max(), unconnected);
 }
 
-void ReadInputs(JsonFields& fields, const json& value, const std::string& path, const GroupRanges& ranges,
-                LogicUnit& unit) {
+void ReadInputs(JsonFields& fields, const JsonValue& value, const std::string& path,
+                const GroupRanges& ranges, LogicUnit& unit) {
     if (!fields.List(value, path, unit.Inputs.size())) {
         return;
     }
@@ -98,7 +95,7 @@ void ReadInputs(JsonFields& fields, const json& value, const std::string& path, 
     }
 }
 
-void ReadUnit(JsonFields& fields, const json& value, const std::string& path, const UnitInfo& info,
+void ReadUnit(JsonFields& fields, const JsonValue& value, const std::string& path, const UnitInfo& info,
               const GroupRanges& ranges, LogicGroup& group) {
     const bool timer = IsTimer(info.Number);
     const bool shaped = timer ? fields.Object(value, path, {"tag", "inputs", "pick_up", "drop_out"})
@@ -120,7 +117,7 @@ void ReadUnit(JsonFields& fields, const json& value, const std::string& path, co
 }
 
 /// Reads the words of one map slot. A file holds those of its banks; the others must say what it will read.
-void ReadSlot(JsonFields& fields, const json& value, const std::string& path, const GroupRanges& ranges,
+void ReadSlot(JsonFields& fields, const JsonValue& value, const std::string& path, const GroupRanges& ranges,
               int slot, LogicGroup& group) {
     if (!fields.List(value, path, MapBanks)) {
         return;
@@ -132,7 +129,7 @@ void ReadSlot(JsonFields& fields, const json& value, const std::string& path, co
     }
 }
 
-void ReadGroup(JsonFields& fields, const json& value, const std::string& path, const GroupRanges& ranges,
+void ReadGroup(JsonFields& fields, const JsonValue& value, const std::string& path, const GroupRanges& ranges,
                LogicGroup& group) {
     if (!fields.Object(value, path, {"units", "output_map"})) {
         return;
@@ -152,7 +149,7 @@ void ReadGroup(JsonFields& fields, const json& value, const std::string& path, c
     }
 }
 
-void ReadGroups(JsonFields& fields, const json& value, const GroupRanges& ranges, LogicConfig& config) {
+void ReadGroups(JsonFields& fields, const JsonValue& value, const GroupRanges& ranges, LogicConfig& config) {
     const auto count = static_cast<std::size_t>(config.GroupCount);
     std::int64_t number = 0;
     fields.Whole(value["group_count"], "group_count", config.GroupCount, config.GroupCount, number);
@@ -163,14 +160,14 @@ void ReadGroups(JsonFields& fields, const json& value, const GroupRanges& ranges
     }
 }
 
-void ReadVersion(JsonFields& fields, const json& value, const std::string& version, const char* field) {
+void ReadVersion(JsonFields& fields, const JsonValue& value, const std::string& version, const char* field) {
     std::string text;
     if (fields.Text(value["version"], "version", text) && text != version) {
         fields.Refuse("version", "not \"" + version + "\", as " + field + " says");
     }
 }
 
-void ReadVdr812(JsonFields& fields, const json& value, LogicConfig& config) {
+void ReadVdr812(JsonFields& fields, const JsonValue& value, LogicConfig& config) {
     ProgramHeader header;
     ReadHeader(fields, value["header"], header);
     const std::string_view versionText(header.VersionText.data(), header.VersionText.size());
@@ -197,7 +194,7 @@ void RefuseUnitsThatAreNone(JsonFields& fields, const LogicConfig& config) {
     }
 }
 
-void ReadVdr810(JsonFields& fields, const json& value, LogicConfig& config) {
+void ReadVdr810(JsonFields& fields, const JsonValue& value, LogicConfig& config) {
     Vdr810Head head;
     ReadVdr810Header(fields, value["header"], head, config.Coding.FalseCode);
     if (!fields.Refusal().empty()) {
@@ -211,7 +208,7 @@ void ReadVdr810(JsonFields& fields, const json& value, LogicConfig& config) {
     }
 }
 
-void ReadLogic(JsonFields& fields, const json& value, LogicConfig& config) {
+void ReadLogic(JsonFields& fields, const JsonValue& value, LogicConfig& config) {
     if (!fields.Object(value, "", {"relay_model", "version", "group_count", "header", "groups"})) {
         return;
     }
@@ -228,7 +225,7 @@ void ReadLogic(JsonFields& fields, const json& value, LogicConfig& config) {
 } // namespace
 
 std::string LogicFromJson(std::string_view text, LogicConfig& config) {
-    json value;
+    JsonValue value;
     std::string fault = ParseJson(text, value);
     if (!fault.empty()) {
         return fault;

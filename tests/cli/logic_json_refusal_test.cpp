@@ -1,3 +1,4 @@
+#include "cli/json_text.h"
 #include "cli/logic_json.h"
 
 #include <gtest/gtest.h>
@@ -74,7 +75,7 @@ TEST(LogicJsonRefusal, NumbersMustBeWhole) {
     const std::string what = " is not a whole number in -2147483648 to 2147483647";
     ExpectRefusals({
         {"\"pick_up\": 0", "\"pick_up\": 1.5", where + "1.5" + what},
-        {"\"pick_up\": 0", "\"pick_up\": 1e3", where + "1000.0" + what},
+        {"\"pick_up\": 0", "\"pick_up\": 1e3", where + "1e3" + what},
         {"\"pick_up\": 0", "\"pick_up\": 2.0", where + "2.0" + what},
         {"\"pick_up\": 0", "\"pick_up\": true", where + "true" + what},
         {"\"pick_up\": 0", "\"pick_up\": null", where + "null" + what},
@@ -153,7 +154,7 @@ TEST(LogicJsonRefusal, TheVersionMustBeThatOfTheHeadersText) {
     ExpectRefusals({
         {"\"2.30\"", "\"1.00\"", "version: not \"2.30\", as header.version_text says"},
         {"\"2.30\"", "\"2.3\"", "version: not \"2.30\", as header.version_text says"},
-        {"\"2.30\"", "2.30", "version: 2.3 is not a text"},
+        {"\"2.30\"", "2.30", "version: 2.30 is not a text"},
         {"\"2.30  \"", "\"1.00  \"", "version: not \"1.00\", as header.version_text says"},
     });
 }
@@ -213,16 +214,71 @@ TEST(LogicJsonRefusal, ANumberBeyondAllNumbersIsRefused) {
     EXPECT_EQ(0U, RefusalOf(Changed("\"pick_up\": 0", "\"pick_up\": 1e999")).find("number overflow"));
 }
 
-TEST(LogicJsonRefusal, DeepNestingIsRefusedWithoutACrash) {
-    constexpr int deep = 20000; // far beyond what a stack holds where each level takes a call
-    std::string lists(deep, '[');
-    EXPECT_NE("", RefusalOf(lists));
-    EXPECT_EQ("a list is not an object", RefusalOf(lists.append(deep, ']')));
-    std::string objects;
-    for (int i = 0; i < deep; ++i) {
-        objects += "{\"a\":";
+/// `levels` lists, each in the one before, closed again.
+std::string NestedLists(std::size_t levels) {
+    return std::string(levels, '[') + std::string(levels, ']');
+}
+
+TEST(LogicJsonRefusal, ListsAndObjectsStandSixteenDeepAndNoDeeper) {
+    EXPECT_EQ("a list is not an object", RefusalOf(NestedLists(16)));
+    const std::string what = ": more than 16 lists and objects in each other";
+    std::string where;
+    for (int i = 0; i < 16; ++i) {
+        where += "[0]";
     }
-    EXPECT_NE("", RefusalOf(objects));
+    EXPECT_EQ(where + what, RefusalOf(NestedLists(17)));
+    EXPECT_EQ("groups[1].a" + where.substr(0, 13 * 3) + what,
+              RefusalOf("{\"groups\": [0, {\"a\": " + NestedLists(15) + "}]}"));
+    EXPECT_EQ(where + what, RefusalOf(std::string(1000000, '['))) << "what follows is not looked at";
+}
+
+TEST(LogicJsonRefusal, WhateverIsRefusedTakesOneShortLine) {
+    constexpr std::size_t longText = 200000;
+    constexpr std::size_t mostLine = 1000;
+    const auto repeated = [](const std::string& text) {
+        std::string all;
+        while (all.size() < longText) {
+            all += text;
+        }
+        return all;
+    };
+    const std::string name = repeated("k");
+    for (const std::string& text : {repeated("["),
+                                    repeated("{\"a\":"),
+                                    repeated("{\"" + std::string(100, 'a') + "\":"),
+                                    repeated("t"),
+                                    "\"" + repeated("x"),
+                                    "\"" + repeated("\xC3\xA9"),
+                                    "\"" + repeated("\x01"),
+                                    repeated("\xFF"),
+                                    repeated("1"),
+                                    "-" + repeated("9"),
+                                    "0." + repeated("1"),
+                                    "1e" + repeated("9"),
+                                    "{\"" + name + "\": 1}",
+                                    "{\"" + name + "\": 1, \"" + name + "\": 1}",
+                                    "{\"" + name + "\": " + NestedLists(17) + "}",
+                                    "[" + repeated("1, ") + "1]",
+                                    "[" + repeated("1, "),
+                                    "{" + repeated("\"k\": 1, ") + "}",
+                                    Changed("\"pick_up\": 0", "\"pick_up\": 0." + repeated("1")),
+                                    Changed("\"pick_up\": 0", "\"pick_up\": \"" + repeated("x") + "\""),
+                                    Changed("\"plcd\"", "\"" + repeated("x") + "\"")}) {
+        const std::string refusal = RefusalOf(text);
+        EXPECT_NE("", refusal) << text.substr(0, 20);
+        EXPECT_LE(refusal.size(), mostLine) << text.substr(0, 20);
+    }
+}
+
+TEST(LogicJsonRefusal, AnExcerptHasBeginningAndEndAndCutsNoCharacter) {
+    EXPECT_EQ("abcdef", Excerpt("abcdef", 6));
+    EXPECT_EQ("abcd...ij", Excerpt("abcdefghij", 6));
+    EXPECT_EQ("", Excerpt("", 6));
+    EXPECT_EQ("\xC3\xA9...\xC3\xA9", Excerpt("\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9", 5));
+    EXPECT_EQ("\xC3\xA9...", Excerpt("\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9", 3));
+    const std::string name(100, 'k');
+    EXPECT_EQ(std::string(26, 'k') + "..." + std::string(14, 'k') + ": unknown field",
+              RefusalOf("{\"" + name + "\": 1}"));
 }
 
 } // namespace

@@ -79,7 +79,7 @@ TEST(Vdr810JsonRefusal, FormatNumberAndVersionHaveTwoDecimals) {
             {{version + "\"2.30\"", version + "\"" + text + "\"", "header.settings_version: " + what},
              {format + "\"1.00\"", format + "\"" + text + "\"", "header.format_number: " + what}});
     }
-    ExpectRefused({{version + "\"2.30\"", version + "2.30", "header.settings_version: 2.3 is not a text"}});
+    ExpectRefused({{version + "\"2.30\"", version + "2.30", "header.settings_version: 2.30 is not a text"}});
 }
 
 TEST(Vdr810JsonRefusal, NumbersThatSinglePrecisionCannotHoldAreRefused) {
