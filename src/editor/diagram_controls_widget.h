@@ -12,11 +12,6 @@ class QWidget;
 /// The plain controls of the diagram. They are children of the diagram, which draws the symbols themselves.
 namespace brindle {
 
-/// A text of the core as the toolkit holds it.
-inline QString Text(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
 /// A caption in the diagram.
 QLabel* NewDiagramLabel(QWidget* parent, const QString& name, Qt::Alignment alignment, bool bold = false);
 

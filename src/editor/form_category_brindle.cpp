@@ -1,6 +1,7 @@
 #include "editor/form_category_brindle.h"
 
 #include "editor/menu_tree.h"
+#include "platform/foreign_text.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -16,11 +17,6 @@ namespace brindle {
 namespace {
 
 constexpr int Margin = 4; // pixels around the buttons
-
-/// "&" stands for itself in the name of a signal.
-QString Caption(const std::string& caption) {
-    return QString::fromStdString(caption).replace(QLatin1Char('&'), QLatin1String("&&"));
-}
 
 } // namespace
 
@@ -39,16 +35,16 @@ formCategoryBrindle::formCategoryBrindle(int category, QWidget* owner)
 }
 
 void formCategoryBrindle::ShowView(const ChooserView& view, int width) {
-    setWindowTitle(QString::fromStdString(view.Title));
+    SetForeignTitle(*this, ShownText(view.Title));
     auto* list = new QWidget;
     auto* column = new QVBoxLayout(list);
     column->setContentsMargins(Margin, Margin, Margin, Margin);
     column->setSpacing(0);
     int index = 0;
     for (const ChooserButton& entry : view.Buttons) {
-        auto* button = new QPushButton(Caption(entry.Caption), list);
+        auto* button = new QPushButton(WithoutAccessKeys(ShownText(entry.Caption)), list);
         button->setObjectName(QString::fromStdString(ElementName("cmdSelectCategory", index)));
-        button->setAccessibleName(QString::fromStdString(entry.Caption));
+        button->setAccessibleName(ShownText(entry.Caption));
         button->setEnabled(entry.Enabled);
         button->setAutoDefault(true); // so that Enter presses it, like the space bar
         connect(button, &QPushButton::clicked, this, [this, index] { OnButton(index); });
@@ -81,7 +77,7 @@ int formCategoryBrindle::WidthFor(const ChooserView& view) const {
     constexpr int buttonFrame = 28; // what a button needs beside its caption
     int widest = 0;
     for (const ChooserButton& entry : view.Buttons) {
-        widest = std::max(widest, fontMetrics().horizontalAdvance(QString::fromStdString(entry.Caption)));
+        widest = std::max(widest, fontMetrics().horizontalAdvance(ShownText(entry.Caption)));
     }
     return widest + buttonFrame + 2 * Margin + scroll_->verticalScrollBar()->sizeHint().width();
 }

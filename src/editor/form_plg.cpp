@@ -4,6 +4,7 @@
 #include "editor/menu_tree.h"
 #include "editor/strip_label_widget.h"
 #include "editor/unit_diagram_widget.h"
+#include "platform/foreign_text.h"
 #include "settings/placed_form_widget.h"
 #include "settings/screen_scale.h"
 
@@ -219,11 +220,7 @@ EditorWindow formPLG::WindowForEditor() {
             QApplication::restoreOverrideCursor();
         }
     };
-    window.ShowTitle = [this] {
-        QString title = QString::fromStdString(editor_.Title());
-        // Qt would take it for the place of its own mark of unsaved changes.
-        setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
-    };
+    window.ShowTitle = [this] { SetForeignTitle(*this, ShownText(editor_.Title())); };
     window.ShowIdentity = [this] { ShowIdentity(); };
     window.ChooseVdr810Options = [this](Vdr810Options& options) { return ChooseVdr810Options(options); };
     window.ShowRecentFiles = [this] { ShowRecentFiles(); };
@@ -248,7 +245,7 @@ EditorWindow formPLG::WindowForEditor() {
 }
 
 void formPLG::ShowIdentity() {
-    QString text = QString::fromStdString(editor_.Identity());
+    QString text = ShownText(editor_.Identity());
     lblIdentity_->ShowText(text.replace(QLatin1String("\r\n"), QLatin1String("\n")));
 }
 

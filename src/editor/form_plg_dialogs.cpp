@@ -1,6 +1,7 @@
 #include "editor/form_group_editing_functions.h"
 #include "editor/form_plg.h"
 #include "editor/menu_tree.h"
+#include "platform/foreign_text.h"
 #include "platform/help_engine.h"
 #include "platform/printer_dialogs.h"
 #include "report/form_print_brindle.h"
@@ -96,7 +97,7 @@ void formPLG::ShowRecentFiles() {
         QAction* item = Action(QString::fromStdString(ElementName("mnuFileRecentFiles", index)));
         item->setVisible(!caption.empty());
         if (!caption.empty()) {
-            item->setText(QString::fromStdString(caption));
+            SetForeignCaption(*item, caption);
             any = true;
         }
     }
@@ -108,7 +109,8 @@ void formPLG::BuildWebItems() {
     auto* pages = findChild<QMenu*>(QStringLiteral("mnuWeb"));
     int index = 0;
     for (const WebLink& page : web.Pages) {
-        QAction* item = pages->addAction(QString::fromStdString(page.Caption));
+        QAction* item = pages->addAction(QString());
+        SetForeignCaption(*item, page.Caption);
         item->setObjectName(QString::fromStdString(ElementName("mnuWebPage", index++)));
         connect(item, &QAction::triggered, this, [this, page] { editor_.OpenAddress(page.Address); });
     }

@@ -1,5 +1,6 @@
 #include "editor/form_plg.h"
 #include "editor/menu_tree.h"
+#include "platform/foreign_text.h"
 
 #include <QAction>
 #include <QMenu>
@@ -119,7 +120,7 @@ void formPLG::ShowCategories() {
         item->setVisible(known);
         if (known) {
             const CategoryEntry& category = catalogue.Categories.at(static_cast<std::size_t>(index));
-            item->setText(QString::fromStdString(category.Caption));
+            SetForeignCaption(*item, category.Caption);
             item->setVisible(category.Visible);
             item->setEnabled(category.Enabled);
             views.push_back(BuildChooserView(catalogue, index));

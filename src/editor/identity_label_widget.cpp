@@ -1,5 +1,7 @@
 #include "editor/identity_label_widget.h"
 
+#include "platform/foreign_text.h"
+
 #include <QPainter>
 
 namespace brindle {
@@ -12,7 +14,7 @@ IdentityLabelWidget::IdentityLabelWidget(QWidget* parent) : QWidget(parent) {
 
 void IdentityLabelWidget::ShowText(const QString& text) {
     text_ = text;
-    setToolTip(text);
+    SetForeignToolTip(*this, text);
     setAccessibleName(text);
     setVisible(!text.isEmpty());
     update();

@@ -4,6 +4,7 @@
 #include "editor/diagram_painter.h"
 #include "editor/diagram_parts_widget.h"
 #include "editor/strip_label_widget.h"
+#include "platform/foreign_text.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -47,9 +48,9 @@ void LatchControls::SetShown(bool shown) {
 }
 
 void LatchControls::Show(const LatchView& view) {
-    lblLSR_->setText(Text(view.Caption));
-    lblSetReset_->setText(Text(view.OtherSideCaption));
-    pctSetReset_->setAccessibleName(Text(view.OtherSideCaption));
+    lblLSR_->setText(ShownText(view.Caption));
+    lblSetReset_->setText(ShownText(view.OtherSideCaption));
+    pctSetReset_->setAccessibleName(ShownText(view.OtherSideCaption));
 }
 
 void LatchControls::Place(const LatchLayout& layout) {

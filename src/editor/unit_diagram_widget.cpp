@@ -5,6 +5,7 @@
 #include "editor/diagram_parts_widget.h"
 #include "editor/menu_tree.h"
 #include "editor/relay_output_frame_widget.h"
+#include "platform/foreign_text.h"
 
 #include <QEvent>
 #include <QFocusEvent>
@@ -91,10 +92,10 @@ void UnitDiagramWidget::ShowUnit(const UnitView& view, UnitRedraw redraw) {
     }
     view_ = view;
     for (std::size_t row = 0; row < view.Gates.size(); ++row) {
-        lblAND_.at(row)->setText(Text(view.Gates.at(row).Caption));
+        lblAND_.at(row)->setText(ShownText(view.Gates.at(row).Caption));
         lblAND_.at(row)->setVisible(view.Gates.at(row).Visible);
     }
-    lblOR_->setText(Text(view.OrCaption));
+    lblOR_->setText(ShownText(view.OrCaption));
     pickUp_.SetShown(!view.LatchShown);
     dropOut_.SetShown(!view.LatchShown);
     latch_.SetShown(view.LatchShown);
@@ -105,7 +106,7 @@ void UnitDiagramWidget::ShowUnit(const UnitView& view, UnitRedraw redraw) {
         pickUp_.Show(timer.PickUpCaption, timer.PickUpText, timer.PickUpReadOut, redraw);
         dropOut_.Show(timer.DropOutCaption, timer.DropOutText, timer.DropOutReadOut, redraw);
     }
-    pctTimerLatchFB_->setText(Text(view.FeedbackCaption));
+    pctTimerLatchFB_->setText(ShownText(view.FeedbackCaption));
     pctTimerLatchFB_->setVisible(!view.FeedbackCaption.empty());
     fraMapRelayOutput_->ShowOutputs(view.OutputSet);
     if (!sameShape) {
@@ -116,14 +117,15 @@ void UnitDiagramWidget::ShowUnit(const UnitView& view, UnitRedraw redraw) {
 
 void UnitDiagramWidget::CopyInput(std::size_t index, const InputView& input) {
     QLineEdit* box = txtPlo_.at(index);
-    box->setText(Text(input.Text));
+    box->setText(ShownText(input.Text));
     box->setCursorPosition(0);
-    box->setToolTip(box->text());
+    SetForeignToolTip(*box, box->text());
     box->setPalette(BoxPalette(input.BackColour, input.Idle));
     box->setVisible(input.Visible);
-    box->setAccessibleName(Text(input.LineCaption + (input.InvertMark ? ": inverted " : ": ") + input.Text));
+    box->setAccessibleName(
+        ShownText(input.LineCaption + (input.InvertMark ? ": inverted " : ": ") + input.Text));
     FitInputText(*box);
-    lblInputLine_.at(index)->setText(Text(input.LineCaption));
+    lblInputLine_.at(index)->setText(ShownText(input.LineCaption));
     lblInputLine_.at(index)->setVisible(input.Visible);
     shpInvert_.at(index)->setVisible(input.InvertMark);
 }

@@ -1,5 +1,7 @@
 #include "platform/common_dialogs.h"
 
+#include "platform/foreign_text.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -111,11 +113,9 @@ bool MayTakeName(QWidget* parent, const FileDialogRequest& request, const QStrin
 
 MessageAnswer ShowQtMessageBox(QWidget* parent, const MessageBox& box) {
     const NormalPointer pointer;
-    QString text = QString::fromStdString(box.Text);
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    QMessageBox window(QtIcon(box.Icon), QString::fromStdString(box.Title), text, QMessageBox::NoButton,
-                       parent);
-    window.setTextFormat(Qt::PlainText);
+    QMessageBox window(QtIcon(box.Icon), ShownText(box.Title), QString(), QMessageBox::NoButton, parent);
+    window.setTextFormat(Qt::PlainText); // before the text, which is at no moment taken for markup
+    window.setText(ShownText(box.Text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     const std::vector<ButtonChoice> choices = ChoicesOf(box.Buttons);
     for (const ButtonChoice& choice : choices) {
         window.addButton(choice.Button);

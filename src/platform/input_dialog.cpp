@@ -1,7 +1,10 @@
 #include "platform/input_dialog.h"
 
+#include "platform/foreign_text.h"
+
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 
 namespace brindle {
 
@@ -9,18 +12,28 @@ namespace {
 
 constexpr int UsualWidth = 380; // pixels; room for a name, and a prompt in few lines
 
+/// The prompt as it stands. Qt's own label would take it for markup, and "&" for an access key.
+void ShowPrompt(QInputDialog& dialog, const QString& prompt) {
+    dialog.setLabelText(QString()); // makes the label
+    dialog.adjustSize();            // gives it its buddy, whose access key "&" would be
+    for (QLabel* label : dialog.findChildren<QLabel*>()) {
+        SetForeignText(*label, prompt);
+        label->setBuddy(nullptr);
+        label->setWordWrap(true); // a prompt may hold a long path
+    }
+    for (QLineEdit* name : dialog.findChildren<QLineEdit*>()) {
+        name->setAccessibleName(prompt);
+    }
+}
+
 } // namespace
 
 std::optional<std::string> ShowQtInputBox(QWidget* parent, const InputBox& box) {
     QInputDialog dialog(parent);
-    dialog.setWindowTitle(QString::fromStdString(box.Title));
+    dialog.setWindowTitle(ShownText(box.Title));
     dialog.setInputMode(QInputDialog::TextInput);
-    dialog.setLabelText(QString::fromStdString(box.Prompt));
-    dialog.setTextValue(QString::fromStdString(box.Default));
-    for (QLabel* label : dialog.findChildren<QLabel*>()) {
-        label->setTextFormat(Qt::PlainText);
-        label->setWordWrap(true); // a prompt may hold a long path
-    }
+    dialog.setTextValue(ShownText(box.Default));
+    ShowPrompt(dialog, ShownText(box.Prompt));
     dialog.resize(UsualWidth, dialog.heightForWidth(UsualWidth));
     if (dialog.exec() != QDialog::Accepted) {
         return {};

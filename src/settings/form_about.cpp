@@ -1,5 +1,7 @@
 #include "settings/form_about.h"
 
+#include "platform/foreign_text.h"
+
 #include <QFont>
 #include <QFrame>
 #include <QKeyEvent>
@@ -14,9 +16,9 @@ namespace {
 constexpr int TextWidth = 560; // pixels; a licence takes a line
 
 QLabel* NewLine(const char* name, const std::string& text, QWidget* parent) {
-    auto* label = new QLabel(QString::fromStdString(text), parent);
+    auto* label = new QLabel(parent);
     label->setObjectName(QString::fromLatin1(name));
-    label->setTextFormat(Qt::PlainText);
+    SetForeignText(*label, ShownText(text));
     label->setWordWrap(true);
     return label;
 }

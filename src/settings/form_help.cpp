@@ -60,6 +60,7 @@ QWidget* formHelp::BuildBar() {
                              QStringLiteral("Find the place before (Shift+F3)"));
     connect(previous, &QToolButton::clicked, this, [this] { Find(true); });
     lblFound_ = new QLabel(this);
+    lblFound_->setTextFormat(Qt::PlainText);
     lblFound_->setObjectName(QStringLiteral("lblFound"));
     lblFound_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("Not found.")) + 8);
 

@@ -1,5 +1,6 @@
 #include "settings/form_home_dir.h"
 
+#include "platform/foreign_text.h"
 #include "platform/input_dialog.h"
 
 #include <QComboBox>
@@ -124,7 +125,7 @@ void formHomeDir::Open(const std::string& homeDirectory) {
     chooser_.Load(homeDirectory);
     Drive1_->clear();
     for (const std::string& drive : chooser_.Drives()) {
-        Drive1_->addItem(QString::fromStdString(drive));
+        Drive1_->addItem(ShownText(drive));
     }
     ShowFolders();
     dirHomeDir_->setFocus();
@@ -167,7 +168,7 @@ void formHomeDir::ShowFolders() {
     QTreeWidgetItem* parent = dirHomeDir_->invisibleRootItem();
     for (std::size_t row = 0; row < chooser_.Rows().size(); ++row) {
         const FolderRow& folder = chooser_.Rows()[row];
-        auto* item = new QTreeWidgetItem(parent, {QString::fromStdString(folder.Caption)});
+        auto* item = new QTreeWidgetItem(parent, {ShownText(folder.Caption)});
         item->setData(0, Qt::UserRole, QVariant::fromValue<qulonglong>(row));
         item->setIcon(0,
                       style()->standardIcon(folder.Open ? QStyle::SP_DirOpenIcon : QStyle::SP_DirClosedIcon));
@@ -184,9 +185,9 @@ void formHomeDir::ShowFolders() {
 }
 
 void formHomeDir::ShowSelected() {
-    const QString path = QString::fromStdString(chooser_.Selected());
+    const QString path = ShownText(chooser_.Selected());
     txtHomeDir_->setText(path);
-    txtHomeDir_->setToolTip(path);
+    SetForeignToolTip(*txtHomeDir_, path);
     const std::optional<std::size_t> drive = chooser_.SelectedDrive();
     Drive1_->setCurrentIndex(drive ? static_cast<int>(*drive) : -1);
 }

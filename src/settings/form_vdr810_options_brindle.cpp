@@ -1,5 +1,7 @@
 #include "settings/form_vdr810_options_brindle.h"
 
+#include "platform/foreign_text.h"
+
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -31,12 +33,12 @@ formVdr810OptionsBrindle::formVdr810OptionsBrindle(Vdr810Options& options, const
     column->addWidget(
         NewFrame("frmRelaySettingsOptions", QStringLiteral("Relay Settings Options"), cboSelectOptions_));
     if (!options_.PairChosen()) {
-        auto* missing = new QLabel(
-            QStringLiteral("No option file (PLC*.810) was found.  Option files belong into the folder ") +
-                QString::fromStdString(plcFolder) + QLatin1Char('.'),
-            this);
+        auto* missing = new QLabel(this);
         missing->setObjectName(QStringLiteral("lblNoOptionFile"));
-        missing->setTextFormat(Qt::PlainText);
+        SetForeignText(
+            *missing,
+            QStringLiteral("No option file (PLC*.810) was found.  Option files belong into the folder ") +
+                ShownText(plcFolder) + QLatin1Char('.'));
         missing->setWordWrap(true);
         column->addWidget(missing);
     }

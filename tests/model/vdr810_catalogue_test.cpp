@@ -38,6 +38,14 @@ TEST(Vdr810Catalogue, HoldsTheListsInTheirOrder) {
     EXPECT_EQ(5U, SignalCount(catalogue));
 }
 
+TEST(Vdr810Catalogue, ShowsTheAmpersandOfACaptionThatIsTheVeryName) {
+    const Vdr810Lists lists{{{1, "R&D", "R&D"}, {2, "R&D", "RD"}}, {}};
+    const SignalCatalogue catalogue = BuildVdr810Catalogue(lists);
+    EXPECT_EQ("R&&D", catalogue.Categories[0].Caption);
+    EXPECT_EQ("R&D", catalogue.Categories[0].Name);
+    EXPECT_EQ("R&D", catalogue.Categories[1].Caption) << "an access key";
+}
+
 TEST(Vdr810Catalogue, EndsAtTheEndEntries) {
     Vdr810Lists lists = SmallLists();
     lists.Labels.insert(lists.Labels.begin() + 2, {0, -1, "END", "x", true, true});

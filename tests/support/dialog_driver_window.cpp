@@ -81,6 +81,7 @@ void DialogDriver::AnswerMessage(QMessageBox& box) {
     seen.Title = box.windowTitle().toStdString();
     seen.Text = box.text().toStdString();
     seen.Exclamation = box.icon() == QMessageBox::Warning;
+    seen.Plain = box.textFormat() == Qt::PlainText && !Qt::mightBeRichText(box.informativeText());
     for (const QAbstractButton* button : box.buttons()) {
         seen.Buttons.insert(Plain(button->text()));
     }

@@ -22,6 +22,7 @@ struct SeenMessage {
     std::string Title;
     std::string Text; ///< lines separated by LF
     bool Exclamation = false;
+    bool Plain = false;            ///< Qt takes none of its texts for markup
     std::set<std::string> Buttons; ///< their captions without access keys
 };
 
