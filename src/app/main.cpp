@@ -1,16 +1,45 @@
+#include "app/start_arguments.h"
 #include "app/surroundings.h"
 #include "editor/form_plg.h"
+#include "platform/arguments.h"
 #include "platform/environment.h"
 #include "platform/folders.h"
-#include "platform/paths.h"
+#include "platform/standard_output.h"
 #include "settings/program_folder.h"
 
 #include <QApplication>
 #include <QIcon>
 
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+/// The arguments in bytes, without those that Qt has taken for itself. Where main() is given less than the
+/// user typed, only Qt knows which those are.
+std::vector<std::string> ArgumentsLeftByQt(int argc, char** argv) {
+    std::vector<std::string> arguments = brindle::ProgramArguments(argc, argv);
+    const QStringList left = QApplication::arguments().mid(1);
+    if (arguments.size() != static_cast<std::size_t>(left.size())) {
+        arguments.clear();
+        for (const QString& argument : left) {
+            arguments.push_back(argument.toStdString());
+        }
+    }
+    return arguments;
+}
+
+} // namespace
+
 /// The editor: puts the rooms together and runs until the main window has closed.
 int main(int argc, char** argv) {
     using namespace brindle;
+    // Asked of a program on a machine without a display too, where Qt would end it.
+    if (const std::optional<std::string> answer = AnswerWithoutWindow(ProgramArguments(argc, argv))) {
+        AttachStandardOutput();
+        std::cout << *answer << std::flush;
+        return std::cout ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brindle"));
     QIcon icon;
@@ -25,11 +54,8 @@ int main(int argc, char** argv) {
     const std::string programFolder = ProvideProgramFolder(
         FindProgramFolders(ExecutableFolder(), EnvironmentVariable, folders), RealFileSystem(), folders);
     EditorSurroundings surroundings = RealSurroundings(programFolder, [&window] { return window; });
-    // The whole command line is one path, also where blanks in it were not quoted.
-    const QString path = QApplication::arguments().mid(1).join(QLatin1Char(' '));
-    if (!path.isEmpty()) {
-        surroundings.CommandLine = AbsolutePath(surroundings.Folders.CurrentFolder(), path.toStdString());
-    }
+    surroundings.CommandLine =
+        PathOfArguments(ArgumentsLeftByQt(argc, argv), surroundings.Folders.CurrentFolder());
     Editor editor(surroundings);
     editor.Form_Initialize();
     formPLG mainWindow(editor);

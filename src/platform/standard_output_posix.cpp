@@ -6,4 +6,8 @@ void MakeStandardOutputBinary() {
     // Bytes are never changed here.
 }
 
+void AttachStandardOutput() {
+    // Every program has one.
+}
+
 } // namespace brindle
