@@ -2,6 +2,7 @@
 
 #include "app/version.h"
 #include "platform/common_dialogs.h"
+#include "platform/qt_file_dialog.h"
 
 #include <QApplication>
 #include <QDateTime>

@@ -5,12 +5,12 @@
 #include "editor/strip_label_widget.h"
 #include "editor/unit_diagram_widget.h"
 #include "platform/foreign_text.h"
+#include "platform/path_qt.h"
 #include "settings/placed_form_widget.h"
 #include "settings/screen_scale.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDir>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -313,8 +313,7 @@ void formPLG::dragMoveEvent(QDragMoveEvent* event) {
 }
 
 void formPLG::dropEvent(QDropEvent* event) {
-    const QString dropped = event->mimeData()->urls().front().toLocalFile();
-    const std::string path = QDir::toNativeSeparators(dropped).toStdString();
+    const std::string path = PathFromUrl(event->mimeData()->urls().front());
     AcceptCopy(*event);
     // Later, so that the program that the file was dragged from need not wait for the answer to a question.
     QTimer::singleShot(0, this, [this, path] {

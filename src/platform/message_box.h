@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace brindle {
@@ -18,6 +19,8 @@ struct MessageBox {
     MessageIcon Icon = MessageIcon::None;
     MessageButtons Buttons = MessageButtons::Ok;
     std::string Title = DefaultMessageTitle;
+    std::optional<MessageAnswer>
+        Default{}; ///< of the button that Enter presses; the first where none is named
 };
 
 /// Shows a box and returns the button pressed. Closing a box by Escape or its close box answers Cancel or No

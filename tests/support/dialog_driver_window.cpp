@@ -1,12 +1,16 @@
 #include "support/dialog_driver_window.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace brindle {
 
@@ -35,6 +39,10 @@ void DialogDriver::PressEscape() {
     answers_.push_back({AnswerKind::Escape, {}});
 }
 
+void DialogDriver::PressEnter() {
+    answers_.push_back({AnswerKind::Enter, {}});
+}
+
 void DialogDriver::Drive(std::function<void(QDialog& dialog)> act) {
     answers_.push_back({AnswerKind::Act, {}, std::move(act)});
 }
@@ -48,8 +56,8 @@ void DialogDriver::AnswerDialog(QDialog& dialog) {
     answer.Act(dialog);
 }
 
-void DialogDriver::ChooseFile(const std::string& name) {
-    answers_.push_back({AnswerKind::File, name});
+void DialogDriver::ChooseFile(const std::string& name, const std::string& filter) {
+    answers_.push_back({AnswerKind::File, name, {}, filter});
 }
 
 void DialogDriver::CancelFile() {
@@ -82,6 +90,7 @@ void DialogDriver::AnswerMessage(QMessageBox& box) {
     seen.Text = box.text().toStdString();
     seen.Exclamation = box.icon() == QMessageBox::Warning;
     seen.Plain = box.textFormat() == Qt::PlainText && !Qt::mightBeRichText(box.informativeText());
+    EXPECT_TRUE(seen.Plain) << seen.Text;
     for (const QAbstractButton* button : box.buttons()) {
         seen.Buttons.insert(Plain(button->text()));
     }
@@ -91,8 +100,8 @@ void DialogDriver::AnswerMessage(QMessageBox& box) {
     if (!answers_.empty()) {
         answers_.pop_front();
     }
-    if (answer.Kind == AnswerKind::Escape) {
-        QTest::keyClick(&box, Qt::Key_Escape);
+    if (answer.Kind == AnswerKind::Escape || answer.Kind == AnswerKind::Enter) {
+        QTest::keyClick(&box, answer.Kind == AnswerKind::Escape ? Qt::Key_Escape : Qt::Key_Return);
         return;
     }
     for (QAbstractButton* button : box.buttons()) {
@@ -114,6 +123,11 @@ void DialogDriver::AnswerFileDialog(QFileDialog& dialog) {
         seen.Filters.push_back(filter.toStdString());
     }
     seen.SelectedName = name->text().toStdString();
+    for (const QAction* action : dialog.findChildren<QAction*>()) {
+        if (action->isVisible()) {
+            seen.Actions.push_back(action->objectName().toStdString());
+        }
+    }
     FileDialogs.push_back(seen);
 
     if (answers_.empty() ||
@@ -128,7 +142,20 @@ void DialogDriver::AnswerFileDialog(QFileDialog& dialog) {
         dialog.reject();
         return;
     }
-    name->setText(QString::fromStdString(answer.Text));
+    if (!answer.Filter.empty()) {
+        auto* filters = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        const int entry = filters->findText(QString::fromStdString(answer.Filter), Qt::MatchStartsWith);
+        filters->setCurrentIndex(entry);
+        emit filters->activated(entry);
+    }
+    const QString text = QString::fromStdString(answer.Text);
+    const bool hasKeys = std::ranges::all_of(text, [](QChar c) { return c.unicode() < 0x80; });
+    name->selectAll();
+    if (hasKeys) {
+        QTest::keyClicks(name, text);
+    } else {
+        name->insert(text); // as from the clipboard
+    }
     QTest::keyClick(name, Qt::Key_Return);
 }
 

@@ -31,7 +31,8 @@ struct SeenFileDialog {
     std::string Title;
     std::string Folder;
     std::vector<std::string> Filters;
-    std::string SelectedName; ///< name in its edit line
+    std::string SelectedName;         ///< name in its edit line
+    std::vector<std::string> Actions; ///< object names of those of its context menu that are offered
 };
 
 /// Answers the modal boxes and dialogs that a test's actions open, in the order in which the answers were
@@ -49,8 +50,11 @@ class DialogDriver {
 
     void PressButton(const std::string& caption); ///< of the next message box
     void PressEscape();                           ///< in the next message box
-    void ChooseFile(const std::string& name); ///< types a name or path into the next file dialog and accepts
-    void CancelFile();                        ///< of the next file dialog
+    void PressEnter();                            ///< in the next message box
+    /// Types a name or path into the next file dialog and accepts it. First chooses the entry of its filter
+    /// that begins with `filter`, where one is given.
+    void ChooseFile(const std::string& name, const std::string& filter = {});
+    void CancelFile(); ///< of the next file dialog
     /// Hands the next modal dialog that is neither box nor file dialog to `act`, which must close it. Without
     /// this such a dialog is left to the test.
     void Drive(std::function<void(QDialog& dialog)> act);
@@ -59,12 +63,13 @@ class DialogDriver {
     std::vector<SeenFileDialog> FileDialogs;
 
   private:
-    enum class AnswerKind { Button, Escape, File, NoFile, Act };
+    enum class AnswerKind { Button, Escape, Enter, File, NoFile, Act };
 
     struct Answer {
         AnswerKind Kind;
         std::string Text;
         std::function<void(QDialog& dialog)> Act{};
+        std::string Filter{};
     };
 
     void Look();

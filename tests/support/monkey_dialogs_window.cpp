@@ -145,8 +145,10 @@ void MonkeyDialogs::TypeFile(QFileDialog& dialog) {
     FileDialogRequest request;
     request.Kind =
         dialog.acceptMode() == QFileDialog::AcceptOpen ? FileDialogKind::Open : FileDialogKind::SaveAs;
-    const std::string suffix = dialog.defaultSuffix().toStdString();
-    request.DefaultExtension = suffix == "c10" ? "pl" : suffix;
+    QString extension = dialog.selectedNameFilter().section(QLatin1String("*."), 1);
+    extension.chop(1); // the parenthesis
+    request.DefaultExtension =
+        extension.isEmpty() || extension == QLatin1String("c10") ? "pl" : extension.toStdString();
     const std::string path = PathFor(request);
     if (path.ends_with(".810") || path.ends_with(".ini")) {
         dialog.reject();

@@ -1,5 +1,6 @@
 #include "editor/gate_rows.h"
 #include "platform/common_dialogs.h"
+#include "platform/qt_file_dialog.h"
 #include "report/form_print_brindle.h"
 #include "settings/settings_file.h"
 #include "support/main_window_test_window.h"
