@@ -40,7 +40,7 @@ struct FileStatus {
 using FileHandle = int;
 
 /// The operations that all reading and writing of files is made of. Tests hand in one that counts, fails on
-/// demand or forgets what was not flushed. Paths are in the system's narrow encoding (UTF-8). Each operation
+/// demand or forgets what was not flushed. Paths are the system's bytes (on Windows UTF-8). Each operation
 /// returns what failed, with the number that the system's failure maps onto, or no error.
 struct FileSystem {
     /// What is at `path`. An absent file is no error: its type says so.

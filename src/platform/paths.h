@@ -4,7 +4,7 @@
 #include <string_view>
 
 /// Paths are joined and split here; only the systems' own pieces beside it do it their own way. They are
-/// UTF-8; nothing here looks at the disk.
+/// the system's bytes: UTF-8 on Windows, mostly so elsewhere. Nothing here looks at the disk.
 namespace brindle {
 
 /// How a system writes its paths. Routines take it so that the rules of every system can be run on any.
