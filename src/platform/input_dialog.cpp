@@ -17,8 +17,8 @@ void ShowPrompt(QInputDialog& dialog, const QString& prompt) {
     dialog.setLabelText(QString()); // makes the label
     dialog.adjustSize();            // gives it its buddy, whose access key "&" would be
     for (QLabel* label : dialog.findChildren<QLabel*>()) {
+        label->setBuddy(nullptr); // before the text, whose "&" it would remember
         SetForeignText(*label, prompt);
-        label->setBuddy(nullptr);
         label->setWordWrap(true); // a prompt may hold a long path
     }
     for (QLineEdit* name : dialog.findChildren<QLineEdit*>()) {
