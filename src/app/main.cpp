@@ -3,6 +3,7 @@
 #include "editor/form_plg.h"
 #include "platform/arguments.h"
 #include "platform/environment.h"
+#include "platform/file_size_limit.h"
 #include "platform/folders.h"
 #include "platform/standard_output.h"
 #include "settings/program_folder.h"
@@ -34,6 +35,7 @@ std::vector<std::string> ArgumentsLeftByQt(int argc, char** argv) {
 /// The editor: puts the rooms together and runs until the main window has closed.
 int main(int argc, char** argv) {
     using namespace brindle;
+    LetLargeFilesFail();
     // Asked of a program on a machine without a display too, where Qt would end it.
     if (const std::optional<std::string> answer = AnswerWithoutWindow(ProgramArguments(argc, argv))) {
         AttachStandardOutput();

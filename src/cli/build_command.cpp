@@ -17,6 +17,26 @@ namespace {
 /// Far above any model (some 50 kB at most), and low enough to hold whatever file was named by mistake.
 constexpr std::size_t ModelSizeLimit = 1U << 20U;
 
+/// Replaces the file, and says what of it the new one does not have.
+int WriteLogicFile(const LogicConfig& config, const std::string& out, const CommandEnvironment& environment) {
+    FileTraits lost;
+    const ReplaceRules rules{environment.PlcFolder, [&](const FileTraits& traits) {
+                                 lost = traits;
+                                 return LossAnswer::Replace;
+                             }};
+    const FileError error = config.RelayModel == RelayKind::Vdr812
+                                ? WriteProgramFile(environment.Files, out, config, rules)
+                                : WriteVdr810File(environment.Files, out, config, rules);
+    if (error.Failed()) {
+        return ComplainOfFile(environment, out, error);
+    }
+    if (lost.Any()) {
+        Complain(environment, out + ": replaced, but without " + ListOfTraits(lost) + " of the old file");
+        return ExitFinding;
+    }
+    return ExitWell;
+}
+
 } // namespace
 
 int BuildCommand(const BuildArguments& arguments, const CommandEnvironment& environment) {
@@ -53,9 +73,7 @@ int BuildCommand(const BuildArguments& arguments, const CommandEnvironment& envi
                                   " is not that of " + (arguments.Relay ? "--model" : out));
         return ExitBadArguments;
     }
-    error = config.RelayModel == RelayKind::Vdr812 ? WriteProgramFile(environment.Files, out, config)
-                                                   : WriteVdr810File(environment.Files, out, config);
-    return error.Failed() ? ComplainOfFile(environment, out, error) : static_cast<int>(ExitWell);
+    return WriteLogicFile(config, out, environment);
 }
 
 } // namespace brindle

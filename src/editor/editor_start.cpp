@@ -1,4 +1,6 @@
+#include "editor/careful_save.h"
 #include "editor/editor.h"
+#include "files/in_place.h"
 #include "platform/paths.h"
 #include "settings/program_version.h"
 #include "settings/setting_keys.h"
@@ -37,6 +39,10 @@ void Editor::Form_Load() {
     config_.Modified = false;
     recovery_.Rest(RecoveryLogic(config_));
     OfferRecovery();
+    const std::vector<std::string> copies = CopiesLeft(surroundings_.Files, surroundings_.ProgramFolder);
+    if (!copies.empty()) {
+        surroundings_.ShowMessageBox(CopiesLeftNotice(copies));
+    }
 
     if (!surroundings_.CommandLine.empty()) {
         const FileNameParts parts = Get_File_Name_Parts(surroundings_.CommandLine);

@@ -1,3 +1,4 @@
+#include "editor/careful_save.h"
 #include "editor/editor.h"
 #include "editor/file_texts.h"
 #include "editor/hourglass.h"
@@ -153,10 +154,12 @@ void Editor::WriteLogic() {
     const Hourglass hourglass(window_);
     window_.ShowTitle();
     RefreshIdentity();
+    const ReplaceRules rules =
+        RulesOfSave(config_.FilePath, surroundings_.ProgramFolder, surroundings_.ShowMessageBox);
     const auto write = [&] {
         return config_.RelayModel == RelayKind::Vdr812
-                   ? WriteProgramFile(surroundings_.Files, config_.FilePath, config_)
-                   : WriteVdr810File(surroundings_.Files, config_.FilePath, config_);
+                   ? WriteProgramFile(surroundings_.Files, config_.FilePath, config_, rules)
+                   : WriteVdr810File(surroundings_.Files, config_.FilePath, config_, rules);
     };
     if (RunFileCommand({write}, SaveFailedText, surroundings_.ShowMessageBox) == FileOutcome::Done) {
         config_.Modified = false;

@@ -159,10 +159,11 @@ FileError ReadProgramFile(const FileSystem& files, const std::string& path, Logi
     return error;
 }
 
-FileError WriteProgramFile(const FileSystem& files, const std::string& path, const LogicConfig& config) {
+FileError WriteProgramFile(const FileSystem& files, const std::string& path, const LogicConfig& config,
+                           const ReplaceRules& rules) {
     ProgramImage image{};
     FileError error = EncodeProgram(config, image);
-    return error.Failed() ? error : ReplaceWholeFile(files, path, {image.data(), image.size()});
+    return error.Failed() ? error : ReplaceWholeFile(files, path, {image.data(), image.size()}, rules);
 }
 
 } // namespace brindle

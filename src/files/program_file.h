@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/foreign_file.h"
+#include "files/whole_file.h"
 #include "model/logic_config.h"
 #include "platform/file_error.h"
 #include "platform/file_system.h"
@@ -44,6 +45,7 @@ FileError ReadProgramFile(const FileSystem& files, const std::string& path, Logi
                           ProgramReading& reading);
 
 /// Writes `config` to the file at `path`, replacing it whole, or leaves the old file.
-FileError WriteProgramFile(const FileSystem& files, const std::string& path, const LogicConfig& config);
+FileError WriteProgramFile(const FileSystem& files, const std::string& path, const LogicConfig& config,
+                           const ReplaceRules& rules = {});
 
 } // namespace brindle

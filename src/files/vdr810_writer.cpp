@@ -78,8 +78,9 @@ std::string EncodeVdr810(const LogicConfig& config) {
     return writer.Text();
 }
 
-FileError WriteVdr810File(const FileSystem& files, const std::string& path, const LogicConfig& config) {
-    return ReplaceWholeFile(files, path, EncodeVdr810(config));
+FileError WriteVdr810File(const FileSystem& files, const std::string& path, const LogicConfig& config,
+                          const ReplaceRules& rules) {
+    return ReplaceWholeFile(files, path, EncodeVdr810(config), rules);
 }
 
 } // namespace brindle

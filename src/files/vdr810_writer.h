@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/whole_file.h"
 #include "model/logic_config.h"
 #include "platform/file_error.h"
 #include "platform/file_system.h"
@@ -14,6 +15,7 @@ namespace brindle {
 std::string EncodeVdr810(const LogicConfig& config);
 
 /// Writes the file at `path`, replacing it whole, or leaves the old file.
-FileError WriteVdr810File(const FileSystem& files, const std::string& path, const LogicConfig& config);
+FileError WriteVdr810File(const FileSystem& files, const std::string& path, const LogicConfig& config,
+                          const ReplaceRules& rules = {});
 
 } // namespace brindle

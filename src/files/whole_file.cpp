@@ -1,5 +1,7 @@
 #include "files/whole_file.h"
 
+#include "files/in_place.h"
+#include "files/unforeseen_name.h"
 #include "platform/paths.h"
 
 #include <algorithm>
@@ -9,7 +11,8 @@ namespace brindle {
 
 namespace {
 
-constexpr int GreatestBesideNumber = 100; // savers at work in one folder at once
+constexpr const char* BesideStart = ".brindle-save-";
+constexpr const char* BesideEnd = ".tmp";
 
 /// An operation on a handle knows no path: names the file in its error, as the user knows it.
 FileError OfFile(FileError error, const std::string& path) {
@@ -45,26 +48,85 @@ FileError WriteAndClose(const FileSystem& files, FileHandle handle, std::string_
     return error.Failed() ? error : closing;
 }
 
-/// Creates a file of a name of its own in `folder`, in the place of one that a killed saver left there.
-FileError CreateBeside(const FileSystem& files, const std::string& folder, std::uint32_t mode,
-                       std::string& path, FileHandle& handle) {
-    FileError error;
-    for (int number = 0; number < GreatestBesideNumber; ++number) {
-        path = JoinPath(folder, ".brindle-save-" + std::to_string(number) + ".tmp");
-        error = files.CreateNew(path, mode, handle);
-        if (error.Number == FileAlreadyExistsError && !files.RemoveAbandoned(path).Failed()) {
-            error = files.CreateNew(path, mode, handle);
-        }
-        if (error.Number != FileAlreadyExistsError) {
-            break;
-        }
+/// A file that is to be replaced.
+struct Target {
+    std::string Path;   ///< as the user knows it
+    std::string File;   ///< its links followed
+    std::string Folder; ///< of `File`, up to and including its separator
+    FileStatus Status;
+};
+
+/// The new file, on its way to its name. Held open to its end: closed any sooner, it would count as
+/// abandoned, and its name could already be that of another saver's file.
+struct Beside {
+    std::string Path;
+    FileHandle Handle = -1;
+    FileTraits Lost; ///< what of the old file it could not be given
+};
+
+std::string FolderToAsk(const Target& target) {
+    return target.Folder.empty() ? "." : target.Folder;
+}
+
+/// Removes what killed savers left in a folder. What cannot be removed troubles nobody: names are not
+/// foreseen.
+void ClearUp(const FileSystem& files, const Target& target) {
+    for (const std::string& name : files.NamesIn(FolderToAsk(target), BesideStart)) {
+        files.RemoveAbandoned(JoinPath(target.Folder, name));
     }
-    // That the folder refuses a new file says nothing of the old one, and that the names are used up nothing
-    // of overwriting it.
-    if (error.Number == PermissionDeniedError || error.Number == FileAlreadyExistsError) {
-        return MakeFileError(PathAccessError, error.Source);
+}
+
+FileError CreateBeside(const FileSystem& files, const Target& target, Beside& beside) {
+    return CreateUnforeseen(files, [&](const std::string& digits) {
+        beside.Path = JoinPath(target.Folder, BesideStart + digits + BesideEnd);
+        return target.Status.Type == FileType::Regular
+                   ? files.CreateLike(beside.Path, target.File, beside.Handle, beside.Lost)
+                   : files.CreateNew(beside.Path, 0, beside.Handle);
+    });
+}
+
+void Abandon(const FileSystem& files, const Beside& beside) {
+    files.Remove(beside.Path);
+    files.Close(beside.Handle);
+}
+
+/// What becomes of the attempt to put a new file in the place of the old one.
+struct Replacement {
+    FileError Error;
+    bool InPlace = false; ///< the old file is untouched, and is to be written in place instead
+};
+
+Replacement ReplaceFromBeside(const FileSystem& files, const Target& target, std::string_view bytes,
+                              const ReplaceRules& rules) {
+    const bool mayStay = target.Status.Type == FileType::Regular && !rules.CopyFolder.empty();
+    ClearUp(files, target);
+    Beside beside;
+    FileError error = CreateBeside(files, target, beside);
+    if (error.Number == PermissionDeniedError) { // says nothing of the old file
+        error = MakeFileError(PathAccessError, error.Source);
     }
-    return error;
+    if (error.Failed()) {
+        return {error, mayStay && error.Number == PathAccessError};
+    }
+    const LossAnswer answer =
+        beside.Lost.Any() && rules.AskAboutLoss ? rules.AskAboutLoss(beside.Lost) : LossAnswer::Replace;
+    if (answer != LossAnswer::Replace) {
+        Abandon(files, beside);
+        return {MakeFileError(CancelledError, "write " + target.Path),
+                mayStay && answer == LossAnswer::WriteInPlace};
+    }
+    error = OfFile(WriteAndFlush(files, beside.Handle, bytes), target.Path);
+    const bool written = !error.Failed();
+    if (written) {
+        error = files.Rename(beside.Path, target.File);
+    }
+    if (error.Failed()) {
+        Abandon(files, beside);
+        return {error, mayStay && written && error.Number == PathAccessError};
+    }
+    error = OfFile(files.Close(beside.Handle), target.Path);
+    FileError flushing = files.FlushFolder(FolderToAsk(target));
+    return {error.Failed() ? error : flushing};
 }
 
 FileError CheckTarget(const std::string& path, const FileStatus& status) {
@@ -128,44 +190,36 @@ FileError ReadWholeText(const FileSystem& files, const std::string& path, std::s
     return error;
 }
 
-FileError ReplaceWholeFile(const FileSystem& files, const std::string& path, std::string_view bytes) {
-    FileStatus status;
-    FileError error = files.Status(path, status);
+FileError ReplaceWholeFile(const FileSystem& files, const std::string& path, std::string_view bytes,
+                           const ReplaceRules& rules) {
+    Target target{path, {}, {}, {}};
+    FileError error = files.Status(path, target.Status);
     if (!error.Failed()) {
-        error = CheckTarget(path, status);
+        error = CheckTarget(path, target.Status);
     }
-    std::string target;
     if (!error.Failed()) {
-        error = files.FollowLinks(path, target);
+        error = files.FollowLinks(path, target.File);
     }
     if (error.Failed()) {
         return error;
     }
-    FileHandle handle = -1;
-    if (status.Type == FileType::Device) {
-        error = files.OpenDevice(target, handle);
+    if (target.Status.Type == FileType::Device) {
+        FileHandle handle = -1;
+        error = files.OpenInPlace(target.File, handle);
         return error.Failed() ? error : OfFile(WriteAndClose(files, handle, bytes), path);
     }
-    const std::string folder = Get_File_Name_Parts(target).Folder;
-    std::string beside;
-    error = CreateBeside(files, folder, status.Mode, beside, handle);
-    if (error.Failed()) {
-        return error;
+    target.Folder = Get_File_Name_Parts(target.File).Folder;
+    const bool manyNames = target.Status.Type == FileType::Regular && target.Status.Names > 1;
+    Replacement replacement;
+    if (!manyNames || rules.CopyFolder.empty()) {
+        replacement = ReplaceFromBeside(files, target, bytes, rules);
+        if (!replacement.InPlace) {
+            return replacement.Error;
+        }
     }
-    error = OfFile(WriteAndFlush(files, handle, bytes), path);
-    if (!error.Failed()) {
-        error = files.Rename(beside, target);
-    }
-    // Held open to its end: closed any sooner, the file beside would count as abandoned, and its name could
-    // already be that of another saver's file.
-    if (error.Failed()) {
-        files.Remove(beside);
-        files.Close(handle);
-        return error;
-    }
-    const FileError closing = OfFile(files.Close(handle), path);
-    const FileError flushing = files.FlushFolder(folder.empty() ? "." : folder);
-    return closing.Failed() ? closing : flushing;
+    error = WriteInPlace(files, target.File, bytes, rules.CopyFolder);
+    const bool folderAlone = replacement.Error.Number == PathAccessError;
+    return folderAlone && error.Number == PermissionDeniedError ? replacement.Error : error;
 }
 
 } // namespace brindle

@@ -13,7 +13,7 @@ struct DescribedNumber {
     const char* Description;
 };
 
-constexpr std::array<DescribedNumber, 20> Descriptions{{
+constexpr std::array<DescribedNumber, 21> Descriptions{{
     {OverflowError, "Overflow"},
     {SubscriptError, "Subscript out of range"},
     {TypeMismatchError, "Type mismatch"},
@@ -34,6 +34,7 @@ constexpr std::array<DescribedNumber, 20> Descriptions{{
     {RenameAcrossDevicesError, "Cannot rename across devices"},
     {PathAccessError, "Path cannot be accessed"},
     {PathNotFoundError, "Path not found"},
+    {CancelledError, "Cancelled"},
 }};
 
 } // namespace

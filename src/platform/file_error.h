@@ -27,6 +27,7 @@ enum FileErrorNumber : int {
     RenameAcrossDevicesError = 74,
     PathAccessError = 75,
     PathNotFoundError = 76,
+    CancelledError = 32755, ///< the user was asked and ended the command
 };
 
 /// What a file operation came to. `Number` 0 is well; any other has its description ("Disk full") and, as

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "platform/file_error.h"
+#include "platform/file_traits.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace brindle {
 
@@ -33,6 +35,7 @@ struct FileStatus {
     /// When its content was written last, in the system's own count; only good for being compared.
     std::int64_t WrittenAt = 0;
     FileIdentity Identity{};
+    std::uint64_t Names = 1; ///< of the file: more than one where there are hard links
 
     bool operator==(const FileStatus&) const = default;
 };
@@ -59,11 +62,23 @@ struct FileSystem {
     /// the file is safe from RemoveAbandoned.
     std::function<FileError(const std::string& path, std::uint32_t mode, FileHandle& handle)> CreateNew;
 
-    /// Opens an existing device for writing in place.
-    std::function<FileError(const std::string& path, FileHandle& handle)> OpenDevice;
+    /// As CreateNew, but the file is to take the place of the one at `old` and has what that one has besides
+    /// its content, as far as we may give it; `lost` is the rest. Whoever may not read or write `old` may not
+    /// read or write this file either, at any moment. PathAccessError where the folder keeps `old` from being
+    /// replaced, as a shared one does with the files of others.
+    std::function<FileError(const std::string& path, const std::string& old, FileHandle& handle,
+                            FileTraits& lost)>
+        CreateLike;
+
+    /// Opens an existing file or device, and no link to one, for writing over it from its beginning. A file
+    /// that is open so already is FileAlreadyOpenError (on Windows PermissionDeniedError).
+    std::function<FileError(const std::string& path, FileHandle& handle)> OpenInPlace;
 
     /// Writes all `size` bytes or fails.
     std::function<FileError(FileHandle handle, const char* bytes, std::size_t size)> Write;
+
+    /// Lets an open file end after `size` bytes.
+    std::function<FileError(FileHandle handle, std::size_t size)> CutOff;
 
     /// Returns once what was written is on the disk.
     std::function<FileError(FileHandle handle)> Flush;
@@ -77,10 +92,20 @@ struct FileSystem {
 
     std::function<FileError(const std::string& path)> Remove;
 
-    /// Removes a file that CreateNew made for a program which has ended since. One that a living program
-    /// holds open, here or on another machine, stays, and so does one of which the system cannot tell:
-    /// FileAlreadyOpenError.
+    /// Removes a file that CreateNew or CreateLike made for a program of this user which has ended since. One
+    /// that a living program holds open, here or on another machine, stays, and so does one of which the
+    /// system cannot tell: FileAlreadyOpenError. A link is not followed, and a file of another user stays:
+    /// PermissionDeniedError.
     std::function<FileError(const std::string& path)> RemoveAbandoned;
+
+    /// Whether RemoveAbandoned would remove the file at `path`.
+    std::function<bool(const std::string& path)> IsAbandoned;
+
+    /// The names in `folder` that begin with `start`, in no order; none where the folder cannot be read.
+    std::function<std::vector<std::string>(const std::string& folder, const std::string& start)> NamesIn;
+
+    /// A number that nobody can foretell, another each time.
+    std::function<std::uint64_t()> Chance;
 
     /// Returns once the folder's names are on the disk; nothing to do on systems that keep them so.
     std::function<FileError(const std::string& folder)> FlushFolder;

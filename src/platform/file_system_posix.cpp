@@ -1,10 +1,14 @@
 #include "platform/file_system.h"
+#include "platform/file_traits_posix.h"
 #include "platform/system_error.h"
 
 #include <climits>
 
 #include <cerrno>
+#include <cstdint>
+#include <dirent.h>
 #include <fcntl.h>
+#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -83,6 +87,7 @@ FileError GetStatus(const std::string& path, FileStatus& status) {
     status.Type = TypeOf(found.st_mode);
     status.Size = static_cast<std::uint64_t>(found.st_size);
     status.Mode = found.st_mode & PermissionBits;
+    status.Names = found.st_nlink;
     // A file without any write bit was marked read-only on purpose, which counts for the superuser too.
     status.Writable = (found.st_mode & WriteBits) != 0 && ::access(path.c_str(), W_OK) == 0;
     status.WrittenAt = found.st_mtim.tv_sec * NanosecondsPerSecond + found.st_mtim.tv_nsec;
@@ -120,15 +125,6 @@ FileError Open(const char* operation, const std::string& path, int flags, mode_t
     return handle < 0 ? Failure(operation, path) : FileError{};
 }
 
-/// Gives a new file the exact mode of the one it is to replace, to which the user's mask does not apply. File
-/// systems that hold no modes refuse to set them, so one that is right already is left alone.
-bool SetMode(FileHandle handle, mode_t mode) {
-    struct stat status {};
-
-    return (::fstat(handle, &status) == 0 && (status.st_mode & PermissionBits) == mode) ||
-           ::fchmod(handle, mode) == 0;
-}
-
 /// A lock tells the file of a living program from an abandoned one: the system takes it back when the program
 /// ends, however it ends. False, with the reason in errno, when another has it or there are no locks here.
 bool Lock(FileHandle handle) {
@@ -155,19 +151,53 @@ bool Hold(const std::string& path, FileHandle handle) {
     return Lock(handle) ? IsNameOf(path, handle) : errno != EWOULDBLOCK;
 }
 
+/// Creates a file that is held from the beginning; the user's mask takes from its permission bits.
+FileError CreateHeld(const std::string& path, mode_t bits, FileHandle& handle) {
+    FileError error = Open("create", path, O_WRONLY | O_CREAT | O_EXCL, bits, handle);
+    if (!error.Failed() && !Hold(path, handle)) {
+        ::close(handle);
+        error = MakeFileError(FileAlreadyExistsError, "create " + path); // the name is another's by now
+    }
+    return error;
+}
+
+/// Takes a file just created away again, whose creation failed after all.
+FileError Undo(FileError error, const std::string& path, FileHandle handle) {
+    ::unlink(path.c_str());
+    ::close(handle);
+    return error;
+}
+
 FileError CreateNew(const std::string& path, std::uint32_t mode, FileHandle& handle) {
-    FileError error = Open("create", path, O_WRONLY | O_CREAT | O_EXCL, mode == 0 ? UsualMode : mode, handle);
-    if (error.Failed()) {
-        return error;
+    FileError error = CreateHeld(path, mode == 0 ? UsualMode : mode, handle);
+    if (!error.Failed() && mode != 0 && !SetPermissionBits(handle, mode)) {
+        error = Undo(Failure("set the mode of", path), path, handle);
     }
-    if (!Hold(path, handle)) {
-        ::close(handle);
-        return MakeFileError(FileAlreadyExistsError, "create " + path); // the name is another's by now
+    return error;
+}
+
+/// A folder with the sticky mark lets nobody replace what is another's, the superuser and the owner of the
+/// folder excepted.
+bool KeepsFromReplacing(const std::string& path) {
+    struct stat folder {};
+
+    struct stat file {};
+
+    const uid_t we = ::geteuid();
+    return ::lstat(path.c_str(), &file) == 0 && ::stat(FolderOf(path).c_str(), &folder) == 0 &&
+           (folder.st_mode & S_ISVTX) != 0 && we != 0 && file.st_uid != we && folder.st_uid != we;
+}
+
+FileError CreateLike(const std::string& path, const std::string& old, FileHandle& handle, FileTraits& lost) {
+    constexpr mode_t ownerOnly = 0600;
+    lost = {};
+    if (KeepsFromReplacing(old)) {
+        return MakeFileError(PathAccessError, "replace " + old);
     }
-    if (mode != 0 && !SetMode(handle, mode)) {
-        error = Failure("set the mode of", path);
-        ::unlink(path.c_str());
-        ::close(handle);
+    FileError error = CreateHeld(path, ownerOnly, handle); // who opens it now could read it ever after
+    if (!error.Failed()) {
+        error = TakeTraits(old, handle, lost);
+        error = error.Failed() ? Undo(error, path, handle) : error;
     }
     return error;
 }
@@ -199,6 +229,23 @@ FileError Write(FileHandle handle, const char* bytes, std::size_t size) {
     return {};
 }
 
+FileError OpenInPlace(const std::string& path, FileHandle& handle) {
+    FileError error = Open("open", path, O_WRONLY | O_NOFOLLOW, 0, handle);
+
+    struct stat status {};
+
+    if (!error.Failed() && ::fstat(handle, &status) == 0 && S_ISREG(status.st_mode) && !Lock(handle) &&
+        errno == EWOULDBLOCK) {
+        ::close(handle);
+        error = MakeFileError(FileAlreadyOpenError, "open " + path);
+    }
+    return error;
+}
+
+FileError CutOff(FileHandle handle, std::size_t size) {
+    return ::ftruncate(handle, static_cast<off_t>(size)) == 0 ? FileError{} : Failure("cut off");
+}
+
 FileError Flush(FileHandle handle) {
     // Devices that keep nothing have nothing to flush.
     return ::fsync(handle) == 0 || errno == EINVAL || errno == ENOTSUP ? FileError{} : Failure("flush");
@@ -224,8 +271,9 @@ FileError Rename(const std::string& from, const std::string& to) {
     if (::rename(from.c_str(), to.c_str()) == 0) {
         return {};
     }
-    // Renaming changes the folder and asks nothing of the files: it is the folder that refuses.
-    if (errno == EACCES || errno == EPERM) {
+    // Renaming changes the folder and asks nothing of the files: it is the folder that refuses. A file that
+    // is mounted there by itself is busy.
+    if (errno == EACCES || errno == EPERM || errno == EBUSY) {
         return MakeFileError(PathAccessError, "rename to " + to);
     }
     return Failure("rename to", to);
@@ -238,18 +286,67 @@ FileError Remove(const std::string& path) {
     return ::unlink(path.c_str()) == 0 ? FileError{} : Failure("remove", path);
 }
 
-FileError RemoveAbandoned(const std::string& path) {
-    FileHandle handle = -1;
+/// Opens and locks a file that was abandoned by a program of ours; a link is not followed. Its maker may have
+/// renamed it away between our opening and our lock: then the name is another's. While we have the lock,
+/// nobody renames or removes it.
+FileError SeizeAbandoned(const std::string& path, FileHandle& handle) {
     FileError error = Open("take away", path, O_WRONLY | O_NOFOLLOW, 0, handle);
     if (error.Failed()) {
         return error;
     }
-    // Its maker may have renamed the file away between our opening and our lock: then the name is another's.
-    // While we have the lock, nobody renames or removes it.
-    error = Lock(handle) && IsNameOf(path, handle) ? Remove(path)
-                                                   : MakeFileError(FileAlreadyOpenError, "take away " + path);
-    ::close(handle);
+
+    struct stat status {};
+
+    if (::fstat(handle, &status) != 0 || status.st_uid != ::geteuid()) {
+        error = MakeFileError(PermissionDeniedError, "take away " + path);
+    } else if (!Lock(handle) || !IsNameOf(path, handle)) {
+        error = MakeFileError(FileAlreadyOpenError, "take away " + path);
+    }
+    if (error.Failed()) {
+        ::close(handle);
+    }
     return error;
+}
+
+FileError RemoveAbandoned(const std::string& path) {
+    FileHandle handle = -1;
+    FileError error = SeizeAbandoned(path, handle);
+    if (!error.Failed()) {
+        error = Remove(path);
+        ::close(handle);
+    }
+    return error;
+}
+
+bool IsAbandoned(const std::string& path) {
+    FileHandle handle = -1;
+    if (SeizeAbandoned(path, handle).Failed()) {
+        return false;
+    }
+    ::close(handle);
+    return true;
+}
+
+std::vector<std::string> NamesIn(const std::string& folder, const std::string& start) {
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(folder.c_str()), ::closedir);
+    while (const dirent* entry = listing ? ::readdir(listing.get()) : nullptr) {
+        const std::string name = entry->d_name;
+        if (name.compare(0, start.size(), start) == 0) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+std::uint64_t Chance() {
+    std::uint64_t number = 0;
+    if (::getentropy(&number, sizeof number) != 0) {
+        // A system without chance: a number that is another each time has to do.
+        static std::uint64_t count = 0;
+        number = static_cast<std::uint64_t>(::getpid()) << 32U | ++count;
+    }
+    return number;
 }
 
 } // namespace
@@ -263,10 +360,10 @@ FileSystem RealFileSystem() {
     };
     files.Read = Read;
     files.CreateNew = CreateNew;
-    files.OpenDevice = [](const std::string& path, FileHandle& handle) {
-        return Open("open", path, O_WRONLY, 0, handle);
-    };
+    files.CreateLike = CreateLike;
+    files.OpenInPlace = OpenInPlace;
     files.Write = Write;
+    files.CutOff = CutOff;
     files.Flush = Flush;
     files.Close = [](FileHandle handle) {
         // An interrupted close has closed.
@@ -275,6 +372,9 @@ FileSystem RealFileSystem() {
     files.Rename = Rename;
     files.Remove = Remove;
     files.RemoveAbandoned = RemoveAbandoned;
+    files.IsAbandoned = IsAbandoned;
+    files.NamesIn = NamesIn;
+    files.Chance = Chance;
     files.FlushFolder = FlushFolder;
     return files;
 }

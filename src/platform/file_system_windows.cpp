@@ -1,4 +1,6 @@
 #include "platform/file_system.h"
+#include "platform/file_traits_windows.h"
+#include "platform/paths.h"
 #include "platform/system_error.h"
 #include "platform/wide_text_windows.h"
 
@@ -6,6 +8,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <windows.h>
+
+/// The documented name of RtlGenRandom, which has no header of its own.
+extern "C" BOOLEAN NTAPI SystemFunction036(PVOID bytes, ULONG size);
 
 namespace brindle {
 
@@ -116,6 +121,7 @@ FileError GetStatus(const std::string& path, FileStatus& status) {
         status.Writable = (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) == 0;
         status.WrittenAt = static_cast<std::int64_t>(
             Joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime));
+        status.Names = found.nNumberOfLinks;
         status.Identity = {found.dwVolumeSerialNumber, Joined(found.nFileIndexHigh, found.nFileIndexLow)};
     }
     CloseHandle(handle);
@@ -177,6 +183,51 @@ FileError Open(const char* operation, const std::string& path, DWORD access, DWO
     return well ? FileError{} : Failure(operation, path);
 }
 
+/// A mode that grants nothing to group and others is a file of this user alone; there are no other modes
+/// here.
+FileError CreateNew(const std::string& path, std::uint32_t mode, FileHandle& handle) {
+    constexpr std::uint32_t bitsOfTheRest = 077;
+    if (mode == 0 || (mode & bitsOfTheRest) != 0) {
+        // Shared, because the file gets its final name, under which others may read it, while it is open.
+        return Open("create", path, GENERIC_WRITE, ShareAll, CREATE_NEW, handle);
+    }
+    if (IsIllegal(path)) {
+        return IllegalName("create", path);
+    }
+    HANDLE created = CreatePrivateFile(WideText(path));
+    handle = Narrow(created);
+    return created != INVALID_HANDLE_VALUE ? FileError{} : Failure("create", path);
+}
+
+/// Whether it is the rights of file and folder that keep us from removing a file, and not that it is open.
+bool MayNotBeRemoved(const std::wstring& path) {
+    HANDLE handle = CreateFileW(path.c_str(), DELETE, ShareAll, nullptr, OPEN_EXISTING,
+                                FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    if (handle != INVALID_HANDLE_VALUE) {
+        CloseHandle(handle);
+        return false;
+    }
+    return GetLastError() == ERROR_ACCESS_DENIED;
+}
+
+FileError CreateLike(const std::string& path, const std::string& old, FileHandle& handle, FileTraits& lost) {
+    if (IsIllegal(path) || IsIllegal(old)) {
+        return IllegalName("create", path);
+    }
+    if (MayNotBeRemoved(WideText(old))) {
+        return MakeFileError(PathAccessError, "replace " + old);
+    }
+    HANDLE created = CreateFileLike(WideText(path), WideText(old), lost);
+    handle = Narrow(created);
+    return created != INVALID_HANDLE_VALUE ? FileError{} : Failure("create", path);
+}
+
+/// A file is shared with readers alone: two programs that write it in place would mix what they write.
+FileError OpenInPlace(const std::string& path, FileHandle& handle) {
+    const DWORD sharing = IsDevice(WideText(path)) ? ShareAll : FILE_SHARE_READ;
+    return Open("open", path, GENERIC_WRITE, sharing, OPEN_EXISTING, handle);
+}
+
 FileError Read(FileHandle handle, char* bytes, std::size_t size, std::size_t& got) {
     DWORD count = 0;
     const auto wanted = static_cast<DWORD>(std::min(size, GreatestTransfer));
@@ -199,6 +250,14 @@ FileError Write(FileHandle handle, const char* bytes, std::size_t size) {
         size -= count;
     }
     return {};
+}
+
+FileError CutOff(FileHandle handle, std::size_t size) {
+    FILE_END_OF_FILE_INFO end{};
+    end.EndOfFile.QuadPart = static_cast<LONGLONG>(size);
+    return SetFileInformationByHandle(Widen(handle), FileEndOfFileInfo, &end, sizeof end) != 0
+               ? FileError{}
+               : Failure("cut off");
 }
 
 FileError Flush(FileHandle handle) {
@@ -237,7 +296,11 @@ FileError RemoveAbandoned(const std::string& path) {
     if (IsIllegal(path)) {
         return IllegalName("take away", path);
     }
-    HANDLE handle = CreateFileW(WideText(path).c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
+    const std::wstring wide = WideText(path);
+    if (BelongsToAnother(wide)) {
+        return MakeFileError(PermissionDeniedError, "take away " + path);
+    }
+    HANDLE handle = CreateFileW(wide.c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
                                 FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
     if (handle == INVALID_HANDLE_VALUE) {
         return GetLastError() == ERROR_SHARING_VIOLATION
@@ -246,6 +309,48 @@ FileError RemoveAbandoned(const std::string& path) {
     }
     CloseHandle(handle);
     return {};
+}
+
+bool IsAbandoned(const std::string& path) {
+    const std::wstring wide = WideText(path);
+    if (IsIllegal(path) || BelongsToAnother(wide)) {
+        return false;
+    }
+    HANDLE handle = CreateFileW(wide.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        return false;
+    }
+    CloseHandle(handle);
+    return true;
+}
+
+/// The system also finds by the short names that it gives files, and without regard to case.
+std::vector<std::string> NamesIn(const std::string& folder, const std::string& start) {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAW found{};
+    HANDLE search = FindFirstFileW(WideText(JoinPath(folder, start + "*")).c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+        return names;
+    }
+    do {
+        const std::string name = Utf8Text(found.cFileName);
+        if (name.starts_with(start)) {
+            names.push_back(name);
+        }
+    } while (FindNextFileW(search, &found) != 0);
+    FindClose(search);
+    return names;
+}
+
+std::uint64_t Chance() {
+    std::uint64_t number = 0;
+    if (SystemFunction036(&number, sizeof number) == 0) {
+        // A system without chance: a number that is another each time has to do.
+        static std::uint64_t count = 0;
+        number = static_cast<std::uint64_t>(GetCurrentProcessId()) << 32U | ++count;
+    }
+    return number;
 }
 
 } // namespace
@@ -258,14 +363,11 @@ FileSystem RealFileSystem() {
         return Open("open", path, GENERIC_READ, ShareAll, OPEN_EXISTING, handle);
     };
     files.Read = Read;
-    files.CreateNew = [](const std::string& path, std::uint32_t /*mode*/, FileHandle& handle) {
-        // Shared, because the file gets its final name, under which others may read it, while it is open.
-        return Open("create", path, GENERIC_WRITE, ShareAll, CREATE_NEW, handle);
-    };
-    files.OpenDevice = [](const std::string& path, FileHandle& handle) {
-        return Open("open", path, GENERIC_WRITE, ShareAll, OPEN_EXISTING, handle);
-    };
+    files.CreateNew = CreateNew;
+    files.CreateLike = CreateLike;
+    files.OpenInPlace = OpenInPlace;
     files.Write = Write;
+    files.CutOff = CutOff;
     files.Flush = Flush;
     files.Close = [](FileHandle handle) {
         return CloseHandle(Widen(handle)) != 0 ? FileError{} : Failure("close");
@@ -273,6 +375,9 @@ FileSystem RealFileSystem() {
     files.Rename = Rename;
     files.Remove = Remove;
     files.RemoveAbandoned = RemoveAbandoned;
+    files.IsAbandoned = IsAbandoned;
+    files.NamesIn = NamesIn;
+    files.Chance = Chance;
     // MOVEFILE_WRITE_THROUGH has put the new name on the disk by the time that the renaming returns.
     files.FlushFolder = [](const std::string& /*folder*/) { return FileError{}; };
     return files;

@@ -11,6 +11,9 @@ FileOutcome RunStep(const FileStep& step, const std::string& failedOperation,
                     const ShowMessageBox& showMessageBox) {
     FileError error = step();
     while (error.Failed()) {
+        if (error.Number == CancelledError) {
+            return FileOutcome::Ended;
+        }
         switch (FileErrorPrompt(error.Number, showMessageBox)) {
         case FileAction::Retry:
             error = step();

@@ -24,7 +24,8 @@ MessageBox FailureBox(const std::string& failedOperation, const FileError& error
 
 /// Runs the steps of a file command in order, the way that every command on files goes: a failed step is
 /// first put to FileErrorPrompt, whose action code tries it again, passes it over or ends the command. An
-/// error that has no text of its own ends the command with one FailureBox.
+/// error that has no text of its own ends the command with one FailureBox. A step that the user cancelled
+/// (CancelledError) ends it without a box.
 FileOutcome RunFileCommand(const std::vector<FileStep>& steps, const std::string& failedOperation,
                            const ShowMessageBox& showMessageBox);
 

@@ -86,6 +86,16 @@ TEST_F(CompanionProgram, LooksForOptionFilesBesideItself) {
               Folder.Content("err"));
 }
 
+TEST_F(CompanionProgram, TellsALimitOfFileSizesAsAFullDisk) {
+    Folder.Put("x.pl", NewProgramBytes(Version230));
+    ASSERT_EQ(ExitWell, Run("dump x.pl >x.json"));
+    Folder.Put("x.pl", "old");
+    EXPECT_EQ(ExitFailed, Run("build x.json x.pl 2>err", "ulimit -f 1;"));
+    EXPECT_EQ(0U, Folder.Content("err").find("brindle-cli: x.pl: Disk full")) << Folder.Content("err");
+    EXPECT_EQ("old", Folder.Content("x.pl"));
+    EXPECT_EQ(3, Folder.Count());
+}
+
 TEST_F(CompanionProgram, GivesEachExitCode) {
     Folder.Put("short.pl", "plcd");
     EXPECT_EQ(ExitWell, Run("signals >out"));

@@ -67,6 +67,18 @@ TEST(BuildCommand, ReplacesAnOldFileWhole) {
     EXPECT_EQ(NewProgramBytes(Version230), run.Files.Content("/home/me/x.pl"));
 }
 
+TEST(BuildCommand, SaysWhatTheNewFileDoesNotHaveOfTheOld) {
+    CommandRun run;
+    run.Files.AddFile("/home/me/x.json", NewModel(Version230));
+    run.Files.AddFile("/home/me/x.pl", "old");
+    run.Files.LoseTraits({true, true, false, true});
+    EXPECT_EQ(ExitFinding, run.Run({"build", "/home/me/x.json", "/home/me/x.pl"}));
+    EXPECT_EQ(NewProgramBytes(Version230), run.Files.Content("/home/me/x.pl"));
+    EXPECT_EQ("brindle-cli: /home/me/x.pl: replaced, but without the owner, the group and the extended "
+              "attributes of the old file\n",
+              run.Err.str());
+}
+
 TEST(BuildCommand, ARefusedModelNamesFileAndFieldAndLeavesTheOldFile) {
     CommandRun run;
     std::string model = NewModel(Version230);

@@ -99,10 +99,10 @@ TEST_F(ReadingAWholeFile, NamesTheFileInTheErrorsOfItsHandle) {
 TEST_F(ReplacingAWholeFile, WritesBesideFlushesRenamesAndFlushesTheFolderInThisOrder) {
     Disk.AddFile(FilePath, "old");
     EXPECT_EQ(0, Replace(FilePath));
-    EXPECT_EQ((std::vector<std::string>{"status /home/x.pl", "follow /home/x.pl",
-                                        "create /home/.brindle-save-0.tmp", "write 3 bytes", "flush",
-                                        "rename /home/.brindle-save-0.tmp to /home/x.pl", "close",
-                                        "flush folder /home/"}),
+    EXPECT_EQ((std::vector<std::string>{
+                  "status /home/x.pl", "follow /home/x.pl", "create /home/.brindle-save-0000000000000001.tmp",
+                  "write 3 bytes", "flush", "rename /home/.brindle-save-0000000000000001.tmp to /home/x.pl",
+                  "close", "flush folder /home/"}),
               Disk.Log());
     EXPECT_EQ("new", Disk.Content(FilePath));
 }
@@ -219,10 +219,25 @@ TEST_F(ReplacingAWholeFile, HoldsTheFileBesideUntilItHasItsName) {
     }
 }
 
-TEST_F(ReplacingAWholeFile, GivesUpWhenEveryNameBesideIsTakenAndDoesNotAskToOverwrite) {
+TEST_F(ReplacingAWholeFile, PassesOverNamesThatAreTaken) {
+    Disk.AddFile(FilePath, "old");
+    const FileSystem files = Disk.Operations();
+    for (int taken = 1; taken < 10; ++taken) {
+        const std::string path = "/home/.brindle-save-000000000000000" + std::to_string(taken) + ".tmp";
+        Disk.AddFile(path, "of another");
+        FileHandle handle = -1;
+        ASSERT_FALSE(files.OpenForReading(path, handle).Failed()); // and so stays
+    }
+    EXPECT_EQ(0, Replace(FilePath));
+    EXPECT_EQ("new", Disk.Content(FilePath));
+}
+
+TEST_F(ReplacingAWholeFile, SaysSoWhenEveryNameBesideIsTakenAndDoesNotAskToOverwrite) {
     Disk.AddFile(FilePath, "old");
     Disk.FailAll("create", FileAlreadyExistsError);
-    EXPECT_EQ(PathAccessError, Replace(FilePath));
+    const FileError error = ReplaceWholeFile(Disk.Operations(), FilePath, "new");
+    EXPECT_EQ(InternalError, error.Number);
+    EXPECT_EQ("The folder takes no new file: each name that was tried is taken already.", error.Description);
     EXPECT_EQ("old", Disk.Content(FilePath));
 }
 

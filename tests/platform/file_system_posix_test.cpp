@@ -80,7 +80,7 @@ TEST_F(RealFiles, AnIllegalNameIs52) {
         EXPECT_EQ(52, Files.Status(path, status).Number);
         EXPECT_EQ(52, OpenForReading(path));
         EXPECT_EQ(52, Create(path));
-        EXPECT_EQ(52, Files.OpenDevice(path, handle).Number);
+        EXPECT_EQ(52, Files.OpenInPlace(path, handle).Number);
         EXPECT_EQ(52, Files.FollowLinks(path, target).Number);
         EXPECT_EQ(52, Files.Remove(path).Number);
     }
@@ -144,12 +144,12 @@ TEST_F(RealFiles, OpeningAPipeDoesNotWaitForItsOtherEnd) {
     ASSERT_EQ(0, ::mkfifo(Folder.Path("pipe").c_str(), 0600));
     FileHandle handle = -1;
     EXPECT_EQ(0, OpenForReading(Folder.Path("pipe")));
-    EXPECT_EQ(68, Files.OpenDevice(Folder.Path("pipe"), handle).Number);
+    EXPECT_EQ(68, Files.OpenInPlace(Folder.Path("pipe"), handle).Number);
 }
 
 TEST_F(RealFiles, AFullDeviceIs61) {
     FileHandle handle = -1;
-    ASSERT_FALSE(Files.OpenDevice("/dev/full", handle).Failed());
+    ASSERT_FALSE(Files.OpenInPlace("/dev/full", handle).Failed());
     EXPECT_EQ(61, Files.Write(handle, "a", 1).Number);
     EXPECT_FALSE(Files.Flush(handle).Failed()) << "a device has nothing to flush";
     Files.Close(handle);

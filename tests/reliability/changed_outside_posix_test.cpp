@@ -21,7 +21,9 @@ struct ChangedOutside : testing::Test {
         std::filesystem::create_directory(Folder.Path("in"));
         Old = NewProgramBytes(Version230);
         Folder.Put("in/x.pl", Old);
+        std::filesystem::create_directory(Folder.Path("program"));
         Harness.Surroundings.Files = RealFileSystem();
+        Harness.Surroundings.ProgramFolder = Folder.Path("program");
         Harness.Start();
         Harness->OpenPath(Folder.Path("in/x.pl"));
         Harness->EditConfig().Group(3).Timer(4).PickUp = 1234;
@@ -99,17 +101,20 @@ TEST_F(ChangedOutside, AFileMadeReadOnlyIsKeptUntilItMayBeWrittenAgain) {
     ExpectSaved();
 }
 
-TEST_F(ChangedOutside, AFolderThatTakesNoFilesAnyMoreKeepsTheOldOne) {
+TEST_F(ChangedOutside, AFolderThatTakesNoFilesAnyMoreIsSavedInAllTheSame) {
     if (::geteuid() == 0) {
         GTEST_SKIP() << "no folder forbids the superuser anything";
     }
     ASSERT_EQ(0, ::chmod(Folder.Path("in").c_str(), 0500));
     Save();
-    ExpectRefused(PathAccessError);
-    EXPECT_TRUE(Old == Folder.Content("in/x.pl"));
-    ASSERT_EQ(0, ::chmod(Folder.Path("in").c_str(), 0700));
-    Save();
     ExpectSaved();
+    Harness->EditConfig().Modified = true;
+    std::filesystem::remove(Folder.Path("program")); // where the copy of the old file would be
+    Save();
+    ASSERT_EQ(1U, Harness.Boxes.size());
+    EXPECT_NE(std::string::npos, Harness.Boxes[0].Text.find("could not be copied")) << Harness.Boxes[0].Text;
+    EXPECT_TRUE(Harness->Config().Modified);
+    EXPECT_TRUE(New == Folder.Content("in/x.pl"));
 }
 
 TEST_F(ChangedOutside, AFolderInItsPlaceIsLeftWithAllThatIsInIt) {

@@ -100,6 +100,14 @@ void EditorHarness::SupplyFiles() {
         }
         return failure("create");
     };
+    files.CreateLike = [&files](const std::string& path, const std::string& /*old*/, FileHandle& handle,
+                                FileTraits& lost) {
+        lost = {};
+        return files.CreateNew(path, 0, handle);
+    };
+    files.OpenInPlace = [](const std::string& path, FileHandle& /*handle*/) {
+        return MakeFileError(PermissionDeniedError, "open " + path);
+    };
     files.Write = [this](FileHandle /*handle*/, const char* bytes, std::size_t size) {
         Files[openPath_].append(bytes, size);
         return FileError{};
@@ -116,6 +124,11 @@ void EditorHarness::SupplyFiles() {
         return FileError{};
     };
     files.RemoveAbandoned = files.Remove;
+    files.IsAbandoned = [](const std::string& /*path*/) { return false; };
+    files.NamesIn = [](const std::string& /*folder*/, const std::string& /*start*/) {
+        return std::vector<std::string>{};
+    };
+    files.Chance = [] { return std::uint64_t{0}; };
     files.FlushFolder = [](const std::string& /*folder*/) { return FileError{}; };
 }
 

@@ -38,13 +38,23 @@ FileSystem FakeFileSystem::Operations() {
     files.CreateNew = [this](const auto& path, auto mode, auto& handle) {
         return CreateNew(path, mode, handle);
     };
-    files.OpenDevice = [this](const auto& path, auto& handle) { return OpenExisting(path, handle); };
+    files.CreateLike = [this](const auto& path, const auto& old, auto& handle, auto& lost) {
+        return CreateLike(path, old, handle, lost);
+    };
+    files.OpenInPlace = [this](const auto& path, auto& handle) { return OpenInPlace(path, handle); };
     files.Write = [this](auto handle, const char* bytes, auto size) { return Write(handle, bytes, size); };
+    files.CutOff = [this](auto handle, auto size) { return CutOff(handle, size); };
     files.Flush = [this](auto handle) { return Flush(handle); };
     files.Close = [this](auto handle) { return Close(handle); };
     files.Rename = [this](const auto& from, const auto& to) { return Rename(from, to); };
     files.Remove = [this](const auto& path) { return Remove(path); };
     files.RemoveAbandoned = [this](const auto& path) { return RemoveAbandoned(path); };
+    files.IsAbandoned = [this](const auto& path) {
+        const auto found = names_.find(path);
+        return found != names_.end() && !IsOpen(found->second);
+    };
+    files.NamesIn = [this](const auto& folder, const auto& start) { return NamesIn(folder, start); };
+    files.Chance = [this] { return ++chance_; };
     files.FlushFolder = [this](const auto& folder) { return FlushFolder(folder); };
     return files;
 }
@@ -73,6 +83,11 @@ void FakeFileSystem::AddFile(const std::string& path, const std::string& bytes, 
 void FakeFileSystem::AddLink(const std::string& path, const std::string& target) {
     Add(path, FileType::Other, 0777, "");
     names_[path]->LinkTarget = target;
+}
+
+void FakeFileSystem::AddName(const std::string& path, const std::string& file) {
+    names_[path] = names_.at(file);
+    flushedNames_[path] = names_.at(file);
 }
 
 void FakeFileSystem::AddDevice(const std::string& path) {
@@ -135,6 +150,10 @@ void FakeFileSystem::Crash(UnflushedNames names) {
         flushedNames_ = names_;
     }
     for (const auto& [path, node] : names_) {
+        if (names == UnflushedNames::Kept && node->Bytes != node->FlushedBytes) {
+            const std::size_t half = node->Bytes.size() / 2;
+            node->FlushedBytes.replace(0, half, node->Bytes, 0, half);
+        }
         node->Bytes = node->FlushedBytes;
     }
 }
@@ -191,6 +210,8 @@ FileError FakeFileSystem::Status(const std::string& path, FileStatus& status) {
     if (const Node* node = Find(path); node != nullptr) {
         status = {node->Type,      node->Bytes.size(), node->Mode, (node->Mode & WriteBits) != 0,
                   node->WrittenAt, {1, node->Number}};
+        status.Names = static_cast<std::uint64_t>(std::count_if(
+            names_.begin(), names_.end(), [node](const auto& name) { return name.second.get() == node; }));
     }
     return {};
 }
@@ -253,11 +274,38 @@ FileError FakeFileSystem::CreateNew(const std::string& path, std::uint32_t mode,
     return {};
 }
 
+FileError FakeFileSystem::CreateLike(const std::string& path, const std::string& old, FileHandle& handle,
+                                     FileTraits& lost) {
+    FileError error = CreateNew(path, Mode(old), handle);
+    lost = lost_;
+    return error;
+}
+
+FileError FakeFileSystem::OpenInPlace(const std::string& path, FileHandle& handle) {
+    const Node* node = Find(path);
+    FileError error = OpenExisting(path, handle);
+    if (!error.Failed() && (node->Mode & WriteBits) == 0) {
+        open_.erase(handle);
+        return MakeFileError(PermissionDeniedError, "open " + path);
+    }
+    return error;
+}
+
 FileError FakeFileSystem::Write(FileHandle handle, const char* bytes, std::size_t size) {
     FileError error = Begin("write " + std::to_string(size) + " bytes");
-    Node& file = *open_.at(handle).File;
-    file.Bytes.append(bytes, error.Failed() ? size / 2 : size);
-    file.WrittenAt = ++clock_;
+    OpenFile& open = open_.at(handle);
+    const std::size_t written = error.Failed() ? size / 2 : size;
+    open.File->Bytes.replace(open.Position, written, bytes, written);
+    open.File->WrittenAt = ++clock_;
+    open.Position += written;
+    return error;
+}
+
+FileError FakeFileSystem::CutOff(FileHandle handle, std::size_t size) {
+    FileError error = Begin("cut off at " + std::to_string(size));
+    if (!error.Failed()) {
+        open_.at(handle).File->Bytes.resize(size);
+    }
     return error;
 }
 
@@ -312,13 +360,28 @@ FileError FakeFileSystem::RemoveAbandoned(const std::string& path) {
     if (error.Failed() || found == names_.end()) {
         return error.Failed() ? error : Missing(record, path);
     }
-    const bool held = std::any_of(open_.begin(), open_.end(),
-                                  [&](const auto& opened) { return opened.second.File == found->second; });
-    if (held) {
+    if (IsOpen(found->second)) {
         return MakeFileError(FileAlreadyOpenError, record);
     }
     names_.erase(found);
     return {};
+}
+
+bool FakeFileSystem::IsOpen(const std::shared_ptr<Node>& file) const {
+    return std::any_of(open_.begin(), open_.end(),
+                       [&](const auto& opened) { return opened.second.File == file; });
+}
+
+/// Not an operation that can fail: what is not found then is merely not cleared up.
+std::vector<std::string> FakeFileSystem::NamesIn(const std::string& folder, const std::string& start) const {
+    const std::string path = (folder == "/" ? "" : WithoutEndingSeparator(folder)) + "/";
+    std::vector<std::string> names;
+    for (const auto& [name, node] : names_) {
+        if (name.starts_with(path + start) && name.find('/', path.size()) == std::string::npos) {
+            names.push_back(name.substr(path.size()));
+        }
+    }
+    return names;
 }
 
 FileError FakeFileSystem::FlushFolder(const std::string& folder) {

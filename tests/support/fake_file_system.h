@@ -12,7 +12,8 @@
 
 namespace brindle {
 
-/// What a power failure leaves of the names in a folder that was not flushed. Real disks do either.
+/// What a power failure leaves of the names in a folder that was not flushed, and with them of the bytes of a
+/// file: nothing, or all names and half of the bytes. Real disks do either.
 enum class UnflushedNames { Forgotten, Kept };
 
 /// A file system in memory that records every operation, fails on demand and knows what a power failure would
@@ -29,6 +30,7 @@ class FakeFileSystem {
     void AddFolder(const std::string& path, std::uint32_t mode = 0755);
     void AddFile(const std::string& path, const std::string& bytes, std::uint32_t mode = 0644);
     void AddLink(const std::string& path, const std::string& target);
+    void AddName(const std::string& path, const std::string& file); ///< a hard link to what is at `file`
     void AddDevice(const std::string& path); ///< keeps what is written to it as its content
     void AddPipe(const std::string& path);
 
@@ -59,6 +61,9 @@ class FakeFileSystem {
     void FailAll(const std::string& log, int error);
 
     void FailNoMore() { fault_ = nullptr; }
+
+    /// From now on, files are replaced by ones that lack this.
+    void LoseTraits(const FileTraits& lost) { lost_ = lost; }
 
     /// The power fails: all handles are gone, and so are bytes and, as `names` says, names not flushed.
     void Crash(UnflushedNames names);
@@ -93,13 +98,19 @@ class FakeFileSystem {
     FileError OpenExisting(const std::string& path, FileHandle& handle);
     FileError Read(FileHandle handle, char* bytes, std::size_t size, std::size_t& got);
     FileError CreateNew(const std::string& path, std::uint32_t mode, FileHandle& handle);
+    FileError CreateLike(const std::string& path, const std::string& old, FileHandle& handle,
+                         FileTraits& lost);
+    FileError OpenInPlace(const std::string& path, FileHandle& handle);
     FileError Write(FileHandle handle, const char* bytes, std::size_t size);
+    FileError CutOff(FileHandle handle, std::size_t size);
     FileError Flush(FileHandle handle);
     FileError Close(FileHandle handle);
     FileError Rename(const std::string& from, const std::string& to);
     FileError Remove(const std::string& path);
     FileError RemoveAbandoned(const std::string& path);
     FileError FlushFolder(const std::string& folder);
+    [[nodiscard]] bool IsOpen(const std::shared_ptr<Node>& file) const;
+    [[nodiscard]] std::vector<std::string> NamesIn(const std::string& folder, const std::string& start) const;
 
     NodeNames names_;
     NodeNames flushedNames_;
@@ -109,6 +120,8 @@ class FakeFileSystem {
     std::int64_t clock_ = 0; ///< goes on with each write
     std::vector<std::string> log_;
     std::function<int(std::size_t operation, const std::string& record)> fault_;
+    FileTraits lost_;
+    std::uint64_t chance_ = 0; ///< of which tests can tell the next
 };
 
 } // namespace brindle

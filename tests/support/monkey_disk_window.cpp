@@ -130,6 +130,7 @@ FileSystem MonkeyDisk::Files() {
         if (fault.Failed()) {
             return fault;
         }
+        brokenOff_.erase(path); // tried again: what it holds is read first
         FileError error = real.OpenForReading(path, handle);
         if (!error.Failed() && (IsLogicName(path) || path.ends_with(".brindle"))) {
             read_.insert(path);
@@ -141,18 +142,28 @@ FileSystem MonkeyDisk::Files() {
         FileError fault = Fault("create " + path);
         return fault.Failed() ? fault : real.CreateNew(path, mode, handle);
     };
+    files.CreateLike = [this, real](const std::string& path, const std::string& old, FileHandle& handle,
+                                    FileTraits& lost) {
+        ExpectOwn(path);
+        FileError fault = Fault("create " + path);
+        return fault.Failed() ? fault : real.CreateLike(path, old, handle, lost);
+    };
     files.Write = [this, real](FileHandle handle, const char* bytes, std::size_t size) {
         FileError fault = Fault("write");
         if (fault.Failed()) {
+            NoteBrokenOff(handle);
             static_cast<void>(real.Write(handle, bytes, size / 2)); // as a disk that becomes full does
             return fault;
         }
         return real.Write(handle, bytes, size);
     };
-    files.Flush = [this, real](FileHandle handle) {
-        // The real flush is what takes the time of a long run, and no power fails here.
-        static_cast<void>(handle);
-        return Fault("flush");
+    // The real flush is what takes the time of a long run, and no power fails here.
+    files.Flush = [this](FileHandle handle) {
+        FileError fault = Fault("flush");
+        if (fault.Failed()) {
+            NoteBrokenOff(handle);
+        }
+        return fault;
     };
     files.FlushFolder = [this](const std::string& folder) { return Fault("flush " + folder); };
     files.Rename = [this, real](const std::string& from, const std::string& to) {
@@ -177,11 +188,50 @@ FileSystem MonkeyDisk::Files() {
         }
         return error;
     };
-    files.OpenDevice = [](const std::string& path, FileHandle& /*handle*/) {
-        ADD_FAILURE() << "a device opened: " << path;
-        return MakeFileError(DeviceUnavailableError, path);
-    };
+    WatchWritingInPlace(files, real);
     return files;
+}
+
+/// A file that is written where it stands counts as written once it is closed, unless that was broken off:
+/// then what it held is written back.
+void MonkeyDisk::WatchWritingInPlace(FileSystem& files, const FileSystem& real) {
+    files.OpenInPlace = [this, real](const std::string& path, FileHandle& handle) {
+        ExpectOwn(path);
+        FileError error = Fault("open " + path);
+        if (!error.Failed()) {
+            error = real.OpenInPlace(path, handle);
+        }
+        if (!error.Failed()) {
+            inPlace_[handle] = path;
+        }
+        return error;
+    };
+    files.CutOff = [this, real](FileHandle handle, std::size_t size) {
+        FileError fault = Fault("cut off");
+        if (fault.Failed()) {
+            NoteBrokenOff(handle);
+        }
+        return fault.Failed() ? fault : real.CutOff(handle, size);
+    };
+    files.Close = [this, real](FileHandle handle) {
+        FileError error = real.Close(handle);
+        if (const auto closed = inPlace_.extract(handle); !closed.empty()) {
+            const std::string& path = closed.mapped();
+            files_[path] = ContentOf(path);
+            if (brokenOff_.count(path) == 0) {
+                ++writeCount_;
+                wrote_.insert(path);
+                WhenWritten(path, files_[path]);
+            }
+        }
+        return error;
+    };
+}
+
+void MonkeyDisk::NoteBrokenOff(FileHandle handle) {
+    if (const auto written = inPlace_.find(handle); written != inPlace_.end()) {
+        brokenOff_.insert(written->second);
+    }
 }
 
 FolderFunctions MonkeyDisk::Folders() {
@@ -300,6 +350,7 @@ void MonkeyDisk::DoMischief() {
 }
 
 void MonkeyDisk::BeginAction() {
+    brokenOff_.clear();
     read_.clear();
     wrote_.clear();
 }
@@ -316,7 +367,9 @@ void MonkeyDisk::ExpectAllKept() const {
     }
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(OnDisk(root_))) {
         const bool lock = entry.path().extension() == ".lock"; // of the running program's recovery copy
-        ASSERT_TRUE(entry.is_directory() || lock || files_.contains(NameOf(entry)))
+        // Of a file that was written in its place while the disk failed.
+        const bool copy = faults_ > 0 && NameOf(entry).find("BeforeSave-") != std::string::npos;
+        ASSERT_TRUE(entry.is_directory() || lock || copy || files_.contains(NameOf(entry)))
             << "left behind: " << entry.path();
     }
     const fs::path outer = OnDisk(outer_.path().toStdString());

@@ -83,6 +83,8 @@ class MonkeyDisk {
     std::string AnyFileName(const std::string& extension);
     [[nodiscard]] FileError Fault(const std::string& operation);
     void ExpectOwn(const std::string& path) const;
+    void WatchWritingInPlace(FileSystem& files, const FileSystem& real);
+    void NoteBrokenOff(FileHandle handle);
 
     MonkeyChance& chance_;
     QTemporaryDir outer_; ///< holds the root and nothing else
@@ -92,7 +94,9 @@ class MonkeyDisk {
     std::set<std::string> foreign_;
     std::set<std::string> read_;
     std::set<std::string> wrote_;
-    int badOperations_ = 0; ///< operations until the disk is well again
+    std::map<FileHandle, std::string> inPlace_; ///< files that are being written where they stand
+    std::set<std::string> brokenOff_;           ///< those of them, in this action, of which a writing failed
+    int badOperations_ = 0;                     ///< operations until the disk is well again
     bool hadBadSpell_ = false;
     std::size_t faults_ = 0;
     std::size_t writeCount_ = 0;
