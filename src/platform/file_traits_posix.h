@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/file_error.h"
-#include "platform/file_traits.h"
+#include "platform/file_system.h"
 
 #include <cstdint>
 #include <string>
