@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <map>
+#include <new>
 #include <ostream>
 
 namespace brindle {
@@ -154,13 +155,23 @@ int Dispatch(std::vector<std::string> arguments, const CommandEnvironment& envir
     return SignalsCommand(request.CatalogueVersion, environment);
 }
 
+/// The one place of the companion for a lack of memory that no routine below has told; its words need none.
+int DispatchOrLackMemory(const std::vector<std::string>& arguments, const CommandEnvironment& environment) {
+    try {
+        return Dispatch(arguments, environment);
+    } catch (const std::bad_alloc&) {
+        environment.Err << CompanionName << ": out of memory\n";
+        return ExitFailed;
+    }
+}
+
 } // namespace
 
 int RunCommandLine(const std::vector<std::string>& arguments, const CommandEnvironment& environment) {
-    const int result = Dispatch(arguments, environment);
+    const int result = DispatchOrLackMemory(arguments, environment);
     environment.Out.flush();
     if (!environment.Out) {
-        Complain(environment, "standard output: not everything could be written");
+        environment.Err << CompanionName << ": standard output: not everything could be written\n";
         return ExitFailed;
     }
     return result;

@@ -13,8 +13,8 @@ void Complain(const CommandEnvironment& environment, const std::string& text) {
 }
 
 int ComplainOfFile(const CommandEnvironment& environment, const std::string& path, const FileError& error) {
-    Complain(environment, path + ": " + error.Description + " (error " + std::to_string(error.Number) + ", " +
-                              error.Source + ")");
+    Complain(environment, path + ": " + error.Description + " (error " + std::to_string(error.Number) +
+                              (error.Source.empty() ? "" : ", " + error.Source) + ")");
     return ExitFailed;
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace brindle {
 
@@ -237,7 +238,7 @@ std::string LogicFromJson(std::string_view text, LogicConfig& config) {
         read.FilePath = config.FilePath;
         read.FileTitle = config.FileTitle;
         read.Modified = config.Modified;
-        config = read;
+        config = std::move(read);
     }
     return fields.Refusal();
 }

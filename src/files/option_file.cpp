@@ -4,6 +4,7 @@
 #include "files/vdr810_sections.h"
 #include "files/whole_file.h"
 #include "platform/ascii.h"
+#include "platform/memory_guard.h"
 #include "platform/paths.h"
 
 #include <algorithm>
@@ -172,7 +173,10 @@ std::string OptionFileName(double version, int options) {
     return NamePart("PLC", std::lround(version * perUnit)) + NamePart("_OPT", options) + ".810";
 }
 
-FileError DecodeOptionFile(std::string_view text, const std::string& source, OptionFile& option) {
+namespace {
+
+/// As DecodeOptionFile, but when memory runs out it throws.
+FileError DecodeOption(std::string_view text, const std::string& source, OptionFile& option) {
     OptionFile read;
     TextCursor cursor(text);
     FileError error = ReadVdr810Head(cursor, source, read.Head);
@@ -200,10 +204,18 @@ FileError DecodeOptionFile(std::string_view text, const std::string& source, Opt
     return {};
 }
 
+} // namespace
+
+FileError DecodeOptionFile(std::string_view text, const std::string& source, OptionFile& option) {
+    return TellLackOfMemory([&] { return DecodeOption(text, source, option); });
+}
+
 FileError ReadOptionFile(const FileSystem& files, const std::string& path, OptionFile& option) {
-    std::string text;
-    const FileError error = ReadWholeText(files, path, text);
-    return error.Failed() ? error : DecodeOptionFile(text, "read " + path, option);
+    return TellLackOfMemory([&] {
+        std::string text;
+        const FileError error = ReadWholeText(files, path, text);
+        return error.Failed() ? error : DecodeOption(text, "read " + path, option);
+    });
 }
 
 std::string EncodeOptionFile(const LogicConfig& config) {
@@ -242,8 +254,9 @@ FileError TakeLists(LogicConfig& config, const OptionFile& option, const std::st
                                                  " signals where the logic has " +
                                                  std::to_string(config.Coding.InvertBase));
     }
+    Vdr810Lists lists = option.Lists; // apart: memory may run out
     config.Coding.FalseCode = option.Unconnected;
-    config.Lists = option.Lists;
+    config.Lists = std::move(lists);
     return {};
 }
 

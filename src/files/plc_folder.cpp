@@ -5,6 +5,7 @@
 #include "files/whole_file.h"
 #include "model/number_text.h"
 #include "platform/ascii.h"
+#include "platform/memory_guard.h"
 #include "platform/paths.h"
 
 #include <algorithm>
@@ -106,10 +107,12 @@ FileError DecodeEntry(const PlcFolderEntry& entry, std::string_view text, const 
 
 FileError ReadEntry(const FileSystem& files, const PlcFolder& folder, const PlcFolderEntry& entry,
                     OptionFile& option) {
-    const std::string path = JoinPath(folder.Path, entry.Name);
-    std::string text;
-    FileError error = ReadWholeText(files, path, text);
-    return error.Failed() ? error : DecodeEntry(entry, text, "read " + path, option);
+    return TellLackOfMemory([&] {
+        const std::string path = JoinPath(folder.Path, entry.Name);
+        std::string text;
+        FileError error = ReadWholeText(files, path, text);
+        return error.Failed() ? error : DecodeEntry(entry, text, "read " + path, option);
+    });
 }
 
 FileError LoadLists(const FileSystem& files, const PlcFolder& folder, LogicConfig& config, bool& found) {
@@ -118,9 +121,12 @@ FileError LoadLists(const FileSystem& files, const PlcFolder& folder, LogicConfi
     if (!found) {
         return {};
     }
-    OptionFile option;
-    FileError error = ReadEntry(files, folder, *entry, option);
-    return error.Failed() ? error : TakeLists(config, option, "read " + JoinPath(folder.Path, entry->Name));
+    return TellLackOfMemory([&] {
+        OptionFile option;
+        FileError error = ReadEntry(files, folder, *entry, option);
+        return error.Failed() ? error
+                              : TakeLists(config, option, "read " + JoinPath(folder.Path, entry->Name));
+    });
 }
 
 } // namespace brindle

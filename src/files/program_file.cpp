@@ -2,6 +2,7 @@
 
 #include "files/whole_file.h"
 #include "model/number_text.h"
+#include "platform/memory_guard.h"
 
 #include <algorithm>
 
@@ -145,18 +146,20 @@ void DecodeProgram(std::string_view bytes, LogicConfig& config) {
 
 FileError ReadProgramFile(const FileSystem& files, const std::string& path, LogicConfig& config,
                           ProgramReading& reading) {
-    std::string bytes;
-    FileError error = ReadWholeFile(files, path, ProgramFileSize + 1, bytes);
-    FileStatus status;
-    status.Size = bytes.size();
-    if (bytes.size() > ProgramFileSize) {
-        error = files.Status(path, status);
-    }
-    if (!error.Failed()) {
-        reading = {status.Size, KindOfProgram(bytes, status.Size)};
-        DecodeProgram(bytes, config);
-    }
-    return error;
+    return TellLackOfMemory([&] {
+        std::string bytes;
+        FileError error = ReadWholeFile(files, path, ProgramFileSize + 1, bytes);
+        FileStatus status;
+        status.Size = bytes.size();
+        if (bytes.size() > ProgramFileSize) {
+            error = files.Status(path, status);
+        }
+        if (!error.Failed()) {
+            reading = {status.Size, KindOfProgram(bytes, status.Size)};
+            DecodeProgram(bytes, config);
+        }
+        return error;
+    });
 }
 
 FileError WriteProgramFile(const FileSystem& files, const std::string& path, const LogicConfig& config,

@@ -4,12 +4,16 @@
 #include "files/vdr810_head.h"
 #include "files/vdr810_section_reader.h"
 #include "files/whole_file.h"
+#include "platform/memory_guard.h"
 
 #include <utility>
 
 namespace brindle {
 
-Vdr810Reading DecodeVdr810(std::string_view text, const std::string& source, LogicConfig& config) {
+namespace {
+
+/// As DecodeVdr810, but when memory runs out it throws and leaves a part in `config`.
+Vdr810Reading DecodeInto(std::string_view text, const std::string& source, LogicConfig& config) {
     Vdr810Reading reading;
     TextCursor cursor(text);
     Vdr810Head head;
@@ -26,14 +30,36 @@ Vdr810Reading DecodeVdr810(std::string_view text, const std::string& source, Log
     return reading;
 }
 
-Vdr810Reading ReadVdr810File(const FileSystem& files, const std::string& path, LogicConfig& config) {
-    std::string text;
+} // namespace
+
+Vdr810Reading DecodeVdr810(std::string_view text, const std::string& source, LogicConfig& config) {
     Vdr810Reading reading;
-    reading.Error = ReadWholeText(files, path, text);
-    if (reading.Error.Failed()) {
-        return reading;
+    const FileError lack = TellLackOfMemory([&]() -> FileError {
+        LogicConfig read = config;
+        reading = DecodeInto(text, source, read);
+        config = std::move(read);
+        return {};
+    });
+    if (lack.Failed()) {
+        reading.Error = lack;
     }
-    return DecodeVdr810(text, "read " + path, config);
+    return reading;
+}
+
+Vdr810Reading ReadVdr810File(const FileSystem& files, const std::string& path, LogicConfig& config) {
+    Vdr810Reading reading;
+    const FileError failed = TellLackOfMemory([&] {
+        std::string text;
+        FileError error = ReadWholeText(files, path, text);
+        if (!error.Failed()) {
+            reading = DecodeVdr810(text, "read " + path, config);
+        }
+        return error;
+    });
+    if (failed.Failed()) {
+        reading.Error = failed;
+    }
+    return reading;
 }
 
 void ClearUnreadInputs(LogicConfig& config, const Vdr810Reading& reading) {

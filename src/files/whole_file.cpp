@@ -2,6 +2,7 @@
 
 #include "files/in_place.h"
 #include "files/unforeseen_name.h"
+#include "platform/memory_guard.h"
 #include "platform/paths.h"
 
 #include <algorithm>
@@ -170,7 +171,7 @@ FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::s
     if (error.Failed()) {
         return error;
     }
-    error = ReadAll(files, handle, limit, bytes);
+    error = TellLackOfMemory([&] { return ReadAll(files, handle, limit, bytes); });
     const FileError closing = files.Close(handle);
     if (!error.Failed()) {
         error = closing;

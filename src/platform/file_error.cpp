@@ -13,8 +13,9 @@ struct DescribedNumber {
     const char* Description;
 };
 
-constexpr std::array<DescribedNumber, 21> Descriptions{{
+constexpr std::array<DescribedNumber, 22> Descriptions{{
     {OverflowError, "Overflow"},
+    {OutOfMemoryError, "Out of memory"},
     {SubscriptError, "Subscript out of range"},
     {TypeMismatchError, "Type mismatch"},
     {InternalError, "Internal error"},

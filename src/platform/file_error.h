@@ -8,6 +8,7 @@ namespace brindle {
 enum FileErrorNumber : int {
     NoFileError = 0,
     OverflowError = 6,      ///< a value that its field in a file cannot hold
+    OutOfMemoryError = 7,   ///< its source is empty: nothing is left to tell more with
     SubscriptError = 9,     ///< a count or an index that no logic can have
     TypeMismatchError = 13, ///< a field of a file that should be a number and is not
     InternalError = 51,     ///< a failure of the system that none of the others names

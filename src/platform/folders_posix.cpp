@@ -3,9 +3,12 @@
 #include "platform/system_error.h"
 
 #include <cerrno>
+#include <dirent.h>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <sys/stat.h>
 #include <system_error>
@@ -67,32 +70,36 @@ std::vector<std::string> Drives() {
     return drives;
 }
 
-std::vector<std::string> Subfolders(const std::string& path) {
+struct CloseFolder {
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+
+/// The names of what is in a folder and passes `wanted`, links followed. The standard library's way ends the
+/// program when memory runs out.
+template<class Wanted>
+std::vector<std::string> NamesIn(const std::string& path, const Wanted& wanted) {
     std::vector<std::string> names;
-    std::error_code error;
-    std::filesystem::directory_iterator entry(path, error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        std::error_code unknown; // a dangling link is no folder
-        if (name.front() != '.' && entry->is_directory(unknown)) {
-            names.push_back(name);
+    const std::unique_ptr<DIR, CloseFolder> folder(opendir(path.c_str()));
+    while (const dirent* const entry = folder ? readdir(folder.get()) : nullptr) {
+        struct stat status = {}; // a dangling link has none
+        const bool known = fstatat(dirfd(folder.get()), &entry->d_name[0], &status, 0) == 0;
+        if (known && wanted(&entry->d_name[0], status)) {
+            names.emplace_back(&entry->d_name[0]);
         }
     }
+    return names;
+}
+
+std::vector<std::string> Subfolders(const std::string& path) {
+    std::vector<std::string> names = NamesIn(path, [](const char* name, const struct stat& status) {
+        return *name != '.' && S_ISDIR(status.st_mode);
+    });
     SortFolderNames(names);
     return names;
 }
 
 std::vector<std::string> Files(const std::string& path) {
-    std::vector<std::string> names;
-    std::error_code error;
-    std::filesystem::directory_iterator entry(path, error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        std::error_code unknown; // a dangling link is no file
-        if (entry->is_regular_file(unknown)) {
-            names.push_back(entry->path().filename().string());
-        }
-    }
-    return names;
+    return NamesIn(path, [](const char*, const struct stat& status) { return S_ISREG(status.st_mode); });
 }
 
 } // namespace
