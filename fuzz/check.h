@@ -29,7 +29,7 @@ inline void ShowAndReport(const LogicConfig& config, std::size_t pick) {
     ViewSelection shown;
     shown.Group = group;
     shown.Unit = unit;
-    shown.NumbersShown = true;
+    shown.NumbersShown.set();
     const UnitView view = BuildUnitView(config, catalogue, shown);
     Require(!view.UnitCaption.empty(), "a unit has a caption");
     UnitReportRequest request;

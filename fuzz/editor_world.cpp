@@ -193,8 +193,7 @@ EditorSurroundings EditorWorld::Surroundings() {
     surroundings.Browser.StartProgram = [this](const std::string&, const std::string&) {
         return decisions_.Number(0, 64);
     };
-    surroundings.Date = [] { return std::string("5/4/2001"); };
-    surroundings.Time = [] { return std::string("10:12:33"); };
+    surroundings.Now = [] { return DateAndTime{"5/4/2001", "10:12:33"}; };
     return surroundings;
 }
 

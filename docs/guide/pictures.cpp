@@ -211,8 +211,7 @@ bool Take(const Picture& picture, const std::string& examples, const QString& ta
     CopyOptionFiles(examples, programFolder.path());
     EditorSurroundings surroundings =
         RealSurroundings(programFolder.path().toStdString(), [] { return nullptr; });
-    surroundings.Date = [] { return std::string("21 Nov 2026"); };
-    surroundings.Time = [] { return std::string("10:12:33"); };
+    surroundings.Now = [] { return DateAndTime{"11/21/26", "10:12:33"}; };
     surroundings.Folders = PicturedFolders(surroundings.Folders);
     surroundings.ShowMessageBox = [](const MessageBox& box) {
         std::fprintf(stderr, "%s\n", box.Text.c_str()); // nobody is there to press its button

@@ -5,8 +5,6 @@
 #include "platform/qt_file_dialog.h"
 
 #include <QApplication>
-#include <QDateTime>
-#include <QLocale>
 
 #include <utility>
 
@@ -32,12 +30,7 @@ EditorSurroundings RealSurroundings(const std::string& programFolder, std::funct
         return RunQtFileDialog(owner(), request);
     };
     surroundings.Browser = RealBrowser();
-    surroundings.Date = [] {
-        return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString();
-    };
-    surroundings.Time = [] {
-        return QLocale::system().toString(QTime::currentTime(), QLocale::ShortFormat).toStdString();
-    };
+    surroundings.Now = WriteNow;
     return surroundings;
 }
 

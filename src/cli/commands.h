@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/logic_config.h"
+#include "platform/clock.h"
 #include "platform/file_system.h"
 #include "platform/folders.h"
 
@@ -25,9 +26,8 @@ struct CommandEnvironment {
     FileSystem Files;
     std::ostream& Out;
     std::ostream& Err;
-    std::string StartFolder;           ///< absolute path of the current folder
-    std::function<std::string()> Date; ///< today in the system's short form
-    std::function<std::string()> Time; ///< now in the system's short form
+    std::string StartFolder; ///< absolute path of the current folder
+    std::function<DateAndTime()> Now;
     FolderFunctions Folders{};
     std::string PlcFolder{}; ///< where the option files are unless an argument says otherwise
 };

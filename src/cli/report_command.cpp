@@ -116,8 +116,9 @@ int ReportCommand(const ReportArguments& arguments, const CommandEnvironment& en
     request.FileName = AbsolutePath(environment.StartFolder, arguments.Input.File);
     request.NumbersShown = arguments.Numbers;
     request.GateRowsShown = GateRowsShown(config.Version);
-    request.Date = environment.Date();
-    request.Time = environment.Time();
+    const DateAndTime now = environment.Now();
+    request.Date = now.Date;
+    request.Time = now.Time;
     for (const int group : selection.Groups) {
         for (const int unit : selection.Units) {
             request.Group = group;

@@ -1,9 +1,6 @@
 #include "editor/connect_rule.h"
 
-#include "editor/gate_rows.h"
-
-#include <algorithm>
-#include <span>
+#include <cstddef>
 
 namespace brindle {
 
@@ -11,47 +8,69 @@ namespace {
 
 using Inputs = std::array<UnitInput, InputsPerUnit>;
 
-/// The four inputs of row `row` (1 to 4) of the diagram.
-std::span<UnitInput, InputsPerGate> InputsOfRow(Inputs& inputs, int row) {
-    const std::size_t first = static_cast<std::size_t>(row - 1) * std::size_t{InputsPerGate};
-    return std::span<UnitInput, InputsPerGate>(&inputs.at(first), InputsPerGate);
+/// The four inputs of a row (1 to 4) of the diagram.
+InputSet InputsOfRow(int row) {
+    return InputSet((1U << InputsPerGate) - 1) << static_cast<std::size_t>((row - 1) * InputsPerGate);
 }
 
-void FillShownInputs(Inputs& inputs, float version, UnitInput code) {
-    const auto rowsShown = GateRowsShown(version);
-    for (int row = 1; row <= GatesPerUnit; ++row) {
-        if (rowsShown.at(static_cast<std::size_t>(row - 1))) {
-            std::ranges::fill(InputsOfRow(inputs, row), code);
+InputSet ShownInputs(float version) {
+    InputSet shown;
+    for (int input = 1; input <= InputsPerUnit; ++input) {
+        shown.set(static_cast<std::size_t>(input - 1), IsInputShown(version, input));
+    }
+    return shown;
+}
+
+void Fill(Inputs& inputs, const InputSet& which, UnitInput code) {
+    for (std::size_t index = 0; index < inputs.size(); ++index) {
+        if (which.test(index)) {
+            inputs.at(index) = code;
         }
     }
 }
 
+bool AllHold(const Inputs& inputs, const InputSet& which, UnitInput code) {
+    for (std::size_t index = 0; index < inputs.size(); ++index) {
+        if (which.test(index) && inputs.at(index) != code) {
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
-void ConnectSignal(LogicConfig& config, const InputPlace& place, UnitInput code) {
+InputSet ConnectSignal(LogicConfig& config, const InputPlace& place, UnitInput code) {
     config.Modified = true;
     const UnitInput falseCode = config.Coding.FalseCode;
     Inputs& inputs = config.Group(place.Group).Unit(place.Unit).Inputs;
-    UnitInput& input = inputs.at(static_cast<std::size_t>(place.Input - 1));
-    if (input == NoConnectCode) {
-        FillShownInputs(inputs, config.Version, falseCode);
+    const auto index = static_cast<std::size_t>(place.Input - 1);
+    InputSet given;
+    if (inputs.at(index) == NoConnectCode) {
+        given = ShownInputs(config.Version);
+        Fill(inputs, given, falseCode);
     }
-    const auto gate = InputsOfRow(inputs, RowOfInput(place.Input));
-    if (std::ranges::all_of(gate, [&](UnitInput other) { return other == falseCode; })) {
-        std::ranges::fill(gate, TrueCode);
+    const InputSet gate = InputsOfRow(RowOfInput(place.Input));
+    if (AllHold(inputs, gate, falseCode)) {
+        Fill(inputs, gate, TrueCode);
+        given |= gate;
     }
-    input = code;
+    inputs.at(index) = code;
+    return given.set(index);
 }
 
-void FlipInput(LogicConfig& config, const InputPlace& place) {
+InputSet FlipInput(LogicConfig& config, const InputPlace& place) {
     config.Modified = true;
-    UnitInput& input =
-        config.Group(place.Group).Unit(place.Unit).Inputs.at(static_cast<std::size_t>(place.Input - 1));
-    if (input == TrueCode || input == config.Coding.FalseCode) {
-        ConnectSignal(config, place, ToggleInvert(config.Coding, input));
-    } else {
-        input = ToggleInvert(config.Coding, input);
+    const auto index = static_cast<std::size_t>(place.Input - 1);
+    UnitInput& input = config.Group(place.Group).Unit(place.Unit).Inputs.at(index);
+    if (input == NoConnectCode) {
+        return {};
     }
+    if (input == TrueCode || input == config.Coding.FalseCode) {
+        return ConnectSignal(config, place, ToggleInvert(config.Coding, input));
+    }
+    input = ToggleInvert(config.Coding, input);
+    return InputSet().set(index);
 }
 
 } // namespace brindle

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/gate_rows.h"
 #include "model/logic_config.h"
 
 /// How a click becomes a code in the file: what connecting a signal and double-clicking an input store.
@@ -17,11 +18,12 @@ struct InputPlace {
 /// A signal for an input that is "NO CONNECT", such as the first one of an empty unit, makes all shown inputs
 /// of the unit "FALSE", those that hold signals too. A signal that goes into a gate whose four inputs are all
 /// "FALSE" first turns the gate "TRUE". So neither the gate's other inputs nor the other gates decide the
-/// unit. Inputs that the file's version hides are never touched. Marks the logic modified.
-void ConnectSignal(LogicConfig& config, const InputPlace& place, UnitInput code);
+/// unit. Inputs that the file's version hides are never touched. Marks the logic modified. Returns the inputs
+/// that were given a code, the same or another: those to be shown anew.
+InputSet ConnectSignal(LogicConfig& config, const InputPlace& place, UnitInput code);
 
 /// What a double-click does: "TRUE" and "FALSE" are connected for each other, a signal is inverted or no
-/// longer, "NO CONNECT" stays. Marks the logic modified in every case.
-void FlipInput(LogicConfig& config, const InputPlace& place);
+/// longer, "NO CONNECT" stays. Marks the logic modified in every case. Returns the inputs to be shown anew.
+InputSet FlipInput(LogicConfig& config, const InputPlace& place);
 
 } // namespace brindle

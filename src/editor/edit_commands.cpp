@@ -1,4 +1,5 @@
 #include "editor/editor.h"
+#include "editor/gate_rows.h"
 #include "editor/group_editing.h"
 #include "editor/hourglass.h"
 #include "model/output_map.h"
@@ -8,16 +9,21 @@
 /// What the user does to the logic: signals, times, outputs, groups.
 namespace brindle {
 
-void Editor::txtPlo_Click(int /*input*/) {
+void Editor::txtPlo_Click(int input) {
+    if (!IsInputShown(config_.Version, input)) {
+        return;
+    }
     for (const int category : choosers_.FromBackToFront()) {
         window_.RaiseChooser(category);
     }
 }
 
 void Editor::txtPlo_DblClick(int input) {
+    if (!IsInputShown(config_.Version, input)) {
+        return;
+    }
     txtPlo_GotFocus(input);
-    FlipInput(config_, CurrentInput());
-    shown_.NumbersShown = numbersChecked_;
+    FollowCheckMark(FlipInput(config_, CurrentInput()));
     window_.ShowUnit(UnitRedraw::Refreshed);
 }
 
@@ -56,9 +62,9 @@ void Editor::cmdSelectCategory_Click(int category, int button) {
     const ChooserView chooser = BuildChooserView(catalogue_, category);
     const int position = chooser.Buttons.at(static_cast<std::size_t>(button)).Tag;
     choosers_.Use(category);
-    ConnectSignal(config_, CurrentInput(), catalogue_.Signals.at(static_cast<std::size_t>(position)).Code);
+    const UnitInput code = catalogue_.Signals.at(static_cast<std::size_t>(position)).Code;
+    FollowCheckMark(ConnectSignal(config_, CurrentInput(), code));
     lastChosenButton_ = position;
-    shown_.NumbersShown = numbersChecked_;
     window_.FocusInput(shown_.Input);
     txtPlo_GotFocus(shown_.Input); // the keyboard's return selects the input anew, and shows its new signal
 }

@@ -35,7 +35,7 @@ void Editor::mnuTimerLatch_Click(int unit) {
     shown_.Unit = unit;
     shown_.Input = FirstInput(config_.Version);
     shown_.InputSelected = InputSelection::WithUnit;
-    shown_.NumbersShown = numbersChecked_;
+    FollowCheckMark(InputSet().set());
     window_.ShowUnit(UnitRedraw::Selected);
 }
 
@@ -62,11 +62,18 @@ void Editor::ShowNewLogic() {
 }
 
 void Editor::Form_Activate() {
-    shown_.NumbersShown = numbersChecked_;
+    FollowCheckMark(InputSet().set());
     window_.ShowUnit(UnitRedraw::Refreshed);
 }
 
+void Editor::FollowCheckMark(const InputSet& inputs) {
+    shown_.NumbersShown = numbersChecked_ ? shown_.NumbersShown | inputs : shown_.NumbersShown & ~inputs;
+}
+
 void Editor::txtPlo_GotFocus(int input) {
+    if (!IsInputShown(config_.Version, input)) {
+        return;
+    }
     shown_.Input = input;
     shown_.InputSelected = InputSelection::ByItself;
     window_.ShowUnit(UnitRedraw::Refreshed);

@@ -13,12 +13,14 @@
 #include "model/logic_config.h"
 #include "model/signal_catalogue.h"
 #include "platform/browser.h"
+#include "platform/clock.h"
 #include "platform/file_dialog.h"
 #include "platform/file_lock.h"
 #include "platform/file_system.h"
 #include "platform/folders.h"
 #include "platform/message_box.h"
 #include "report/logic_report.h"
+#include "report/print_job.h"
 #include "settings/file_command.h"
 #include "settings/profile.h"
 #include "settings/recent_files.h"
@@ -77,8 +79,7 @@ struct EditorSurroundings {
     brindle::ShowMessageBox ShowMessageBox;
     brindle::RunFileDialog RunFileDialog;
     BrowserFunctions Browser;
-    std::function<std::string()> Date; ///< today in the system's short form
-    std::function<std::string()> Time; ///< now in the system's short form
+    std::function<DateAndTime()> Now;
 };
 
 /// A file that a command is to open.
@@ -150,8 +151,11 @@ class Editor {
     /// Before the print dialog opens: a logic with changes is offered to Save As.
     void mnuPrint_Click();
 
-    /// Units are about to be stepped through for printing, or no longer; shown with the next unit.
-    void SetPrinting(bool printing) { shown_.Printing = printing; }
+    /// Units are about to be stepped through for printing: unselected labels are white from the next unit
+    /// shown, and showing units marks nothing modified.
+    void BeginPrinting();
+    /// The stepping is over: the unit that was shown before it is shown again.
+    void EndPrinting();
 
     /// What the reports of this logic have in common.
     [[nodiscard]] UnitReportRequest ReportStart() const;
@@ -167,9 +171,10 @@ class Editor {
 
     void mnuGroup_Click(int group);     ///< 1 to 8
     void mnuTimerLatch_Click(int unit); ///< 1 to 10
-    void txtPlo_GotFocus(int input);    ///< 1 to 16: selects the input
-    void pctSetReset_Click();           ///< flips between the sides of the shown latch; nothing for a timer
-    void mnuShowNumbers_Click(); ///< the input texts follow at the next drawing of a unit or edit of an input
+    void txtPlo_GotFocus(int input); ///< 1 to 16: selects the input; nothing for a hidden one, here and below
+    void pctSetReset_Click();        ///< flips between the sides of the shown latch; nothing for a timer
+    void mnuShowNumbers_Click();     ///< the inputs' texts follow at the next drawing of a unit, one that is
+                                     ///< edited then
 
     // Signals of the shown unit's inputs.
 
@@ -198,8 +203,9 @@ class Editor {
 
     TimerEcho txtTimerDO_Change(const std::string& text) { return ChangeTimer(TimerField::DropOut, text); }
 
-    /// Showing a timer changed the text of the pick-up box. Nothing is stored, whatever the text is.
-    void txtTimerPU_Load() { config_.Modified = true; }
+    /// Showing a timer changed the text of the pick-up box. Nothing is stored, whatever the text is, but the
+    /// logic counts as modified unless the unit was shown to be printed.
+    void txtTimerPU_Load() { config_.Modified = config_.Modified || !unitBeforePrinting_; }
 
     /// Whether a key that types `character` may pass into a box; tells the user when a key is refused.
     bool txtTimer_KeyPress(char32_t character);
@@ -297,6 +303,8 @@ class Editor {
     TimerEcho ChangeTimer(TimerField field, const std::string& text);
     /// Shows the current unit anew when its group is among `groups`.
     void RedisplayIfShown(const std::vector<int>& groups);
+    /// The texts of these inputs carry the stored codes, or no longer, as "Show Logic Signal Numbers" says.
+    void FollowCheckMark(const InputSet& inputs);
     void NameNewFile();
     void FindHomeDirectory();
     void EnterRecent(const RecentFile& file);
@@ -319,6 +327,7 @@ class Editor {
     CategoryChoosers choosers_;
     int lastChosenButton_ = -1;
     bool numbersChecked_ = false;
+    std::optional<UnitPlace> unitBeforePrinting_; ///< while units are stepped through for printing
     std::string homeDirectory_;
 };
 

@@ -62,7 +62,8 @@ formPLG::formPLG(Editor& editor) : editor_(editor), choosers_(this, EventsOfChoo
     auto* column = new QVBoxLayout(central);
     column->setContentsMargins(10, 8, 10, 10);
     column->setSpacing(8);
-    column->addWidget(BuildHeader(central));
+    header_ = BuildHeader(central);
+    column->addWidget(header_);
     lblSelectedInput_ = NewLabel("lblSelectedInput", central);
     QFont bold = font();
     bold.setBold(true);

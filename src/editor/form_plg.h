@@ -27,6 +27,7 @@ class formHelp;
 class formHomeDir;
 class formPrintBrindle;
 struct PrintSurroundings;
+struct WindowPicture;
 
 /// The main window: the menu bar, the group and unit strips and the diagram of one unit. Every command is the
 /// editor's; the window copies the editor's views onto its controls.
@@ -38,6 +39,9 @@ class formPLG : public QMainWindow {
 
     /// Loads the editor (Form_Load) and shows the window as its stored placement says.
     void LoadAndShow();
+
+    /// What the window shows, whole and in light colours, whatever its size and the desktop's colours.
+    [[nodiscard]] WindowPicture Picture();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -86,6 +90,7 @@ class formPLG : public QMainWindow {
 
     Editor& editor_;
     CategoryChooserForms choosers_;
+    QWidget* header_ = nullptr;
     // Dialogs, made when first opened and owned by the window.
     formGroupEditingFunctions* groupEditing_ = nullptr;
     formPrintBrindle* print_ = nullptr;

@@ -37,7 +37,9 @@ PrintSurroundings formPLG::SurroundingsOfPrint() {
         editor_.mnuGroup_Click(unit.Group);
         editor_.mnuTimerLatch_Click(unit.Unit);
     };
-    print.SetPrinting = [this](bool printing) { editor_.SetPrinting(printing); };
+    print.BeginPrinting = [this] { editor_.BeginPrinting(); };
+    print.EndPrinting = [this] { editor_.EndPrinting(); };
+    print.Picture = [this] { return Picture(); };
     print.RestorePlacement = [this](const PlacedForm& form) { editor_.RestorePlace(form, PrintWindowKeys); };
     print.SavePlacement = [this](const PlacedForm& form) { editor_.SavePlace(form, PrintWindowKeys); };
     print.Outside = {outside.Files, outside.RunFileDialog, outside.ShowMessageBox};

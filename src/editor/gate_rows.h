@@ -3,6 +3,8 @@
 #include "model/logic_config.h"
 
 #include <array>
+#include <bitset>
+#include <cstddef>
 #include <string>
 
 /// Which AND gate stands in which row of the diagram. The four rows are fixed on screen; the gates that they
@@ -26,6 +28,14 @@ constexpr int GateOfRow(float version, int row) {
 constexpr int RowOfInput(int input) {
     return (input - 1) / InputsPerGate + 1;
 }
+
+/// Whether input box `input` (1 to 16) is shown for a file of `version`.
+constexpr bool IsInputShown(float version, int input) {
+    return GateRowsShown(version).at(static_cast<std::size_t>(RowOfInput(input) - 1));
+}
+
+/// Some of a unit's input boxes: box n at n - 1.
+using InputSet = std::bitset<InputsPerUnit>;
 
 /// The tag of input box `input` (1 to 16): gate, then input within the gate ("11" to "44").
 inline std::string InputTag(float version, int input) {

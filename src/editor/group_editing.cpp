@@ -44,11 +44,11 @@ std::vector<std::string> GroupEntries() {
 }
 
 bool ChoiceInLogic(const LogicConfig& config, int choice) {
-    return choice == AllGroups || (choice >= 1 && choice <= ShownGroups(config));
+    return choice == AllGroups || (choice >= 1 && choice <= config.GroupCount);
 }
 
 int NextGroup(const LogicConfig& config, int group) {
-    return group < ShownGroups(config) ? group + 1 : 1;
+    return group < config.GroupCount ? group + 1 : 1;
 }
 
 MessageBox ClearGroupQuestion(int choice) {
@@ -96,10 +96,10 @@ std::vector<int> CopyGroups(LogicConfig& config, int from, int to) {
         return {};
     }
     std::vector<int> targets = GroupsOfChoice(config, Chosen(to));
+    config.Modified = config.Modified || !targets.empty();
     std::erase(targets, source);
     for (const int target : targets) {
         CopyGroup(config, source, target);
-        config.Modified = true;
     }
     return targets;
 }

@@ -37,8 +37,9 @@ bool CanCopy(int from, int to);
 /// No choice counts as group 1.
 std::vector<int> ClearGroups(LogicConfig& config, int choice);
 
-/// Copies a group onto the chosen others that the logic has and returns those; marks the logic modified when
-/// there are any. Nothing where CanCopy is false or the logic has no such source.
+/// Copies a group onto the chosen others that the logic has and returns those. Marks the logic modified when
+/// it has any of the chosen, the only one among "All Groups" too. Nothing where CanCopy is false or the logic
+/// has no such source.
 std::vector<int> CopyGroups(LogicConfig& config, int from, int to);
 
 } // namespace brindle

@@ -31,11 +31,26 @@ void Editor::mnuPrint_Click() {
     }
 }
 
+void Editor::BeginPrinting() {
+    unitBeforePrinting_ = UnitPlace{shown_.Group, shown_.Unit};
+    shown_.Printing = true;
+}
+
+void Editor::EndPrinting() {
+    shown_.Printing = false;
+    if (unitBeforePrinting_) {
+        shown_.Group = unitBeforePrinting_->Group;
+        mnuTimerLatch_Click(unitBeforePrinting_->Unit);
+        unitBeforePrinting_.reset();
+    }
+}
+
 UnitReportRequest Editor::ReportStart() const {
     UnitReportRequest request;
     request.FileName = neverSaved_ ? config_.FileTitle : config_.FilePath;
-    request.Date = surroundings_.Date();
-    request.Time = surroundings_.Time();
+    const DateAndTime now = surroundings_.Now();
+    request.Date = now.Date;
+    request.Time = now.Time;
     request.NumbersShown = numbersChecked_;
     request.GateRowsShown = GateRowsShown(config_.Version);
     return request;

@@ -18,8 +18,9 @@ MessageBox RecoveryQuestion(const RecoveryCopy& copy) {
 } // namespace
 
 RecoveryCopy Editor::WorkNow() const {
-    return {config_.FilePath, config_.FileTitle, neverSaved_,
-            surroundings_.Date() + " " + surroundings_.Time(), RecoveryLogic(config_)};
+    const DateAndTime now = surroundings_.Now();
+    return {config_.FilePath, config_.FileTitle, neverSaved_, now.Date + " " + now.Time,
+            RecoveryLogic(config_)};
 }
 
 void Editor::OfferRecovery() {

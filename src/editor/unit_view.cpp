@@ -1,6 +1,5 @@
 #include "editor/unit_view.h"
 
-#include "editor/gate_rows.h"
 #include "model/output_map.h"
 
 namespace brindle {
@@ -63,17 +62,18 @@ void BuildStrips(UnitView& view, const LogicConfig& config, const ViewSelection&
 void BuildInputs(UnitView& view, const LogicConfig& config, const SignalCatalogue& catalogue,
                  const ViewSelection& selection) {
     const std::string tag(Unit(selection.Unit).Tag);
-    const auto rowsShown = GateRowsShown(config.Version);
     for (int input = 1; input <= InputsPerUnit; ++input) {
         const UnitInput code = config.InputCode(selection.Group, selection.Unit, input);
         InputView& box = view.Inputs.at(static_cast<std::size_t>(input - 1));
-        box.Visible = rowsShown.at(static_cast<std::size_t>(RowOfInput(input) - 1));
+        box.Visible = IsInputShown(config.Version, input);
         box.InvertMark = box.Visible && IsInverted(config.Coding, code);
         box.Idle = code == NoConnectCode || code == config.Coding.FalseCode;
-        box.Text = SignalText(catalogue, config.Coding, code, selection.NumbersShown);
+        box.Text = SignalText(catalogue, config.Coding, code,
+                              selection.NumbersShown.test(static_cast<std::size_t>(input - 1)));
         box.LineCaption = tag + InputTag(config.Version, input);
         box.BackColour = input == selection.Input ? SelectedInputColour : WhiteColour;
     }
+    const auto rowsShown = GateRowsShown(config.Version);
     for (int row = 1; row <= GatesPerUnit; ++row) {
         const auto index = static_cast<std::size_t>(row - 1);
         view.Gates.at(index) = {tag + "A" + std::to_string(GateOfRow(config.Version, row)),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/gate_rows.h"
 #include "model/logic_config.h"
 #include "model/signal_catalogue.h"
 
@@ -32,8 +33,8 @@ struct ViewSelection {
     int Unit = 1;  ///< 1 to 10
     int Input = 1; ///< 1 to 16
     InputSelection InputSelected = InputSelection::WithUnit;
-    bool NumbersShown = false; ///< the input texts carry the stored codes
-    bool Printing = false;     ///< units are being stepped through for printing: unselected labels are white
+    InputSet NumbersShown; ///< inputs whose texts carry the stored codes
+    bool Printing = false; ///< units are being stepped through for printing: unselected labels are white
 };
 
 /// A clickable label of the group or the unit strip, with the menu item beside it.

@@ -155,7 +155,8 @@ void Editor::RefreshIdentity() {
         plcFolder_.Find(config_.Vdr810.SettingsVersion, config_.Vdr810.Options) == nullptr) {
         missing = OptionFileName(config_.Vdr810.SettingsVersion, config_.Vdr810.Options);
     }
-    identity_ = IdentityCaption(config_, surroundings_.Date(), surroundings_.Time(), missing);
+    const DateAndTime now = surroundings_.Now();
+    identity_ = IdentityCaption(config_, now.Date, now.Time, missing);
     window_.ShowIdentity();
 }
 

@@ -1,12 +1,14 @@
 #include "platform/printer_dialogs.h"
 
 #include "platform/paper_dialog.h"
+#include "platform/symbol_font.h"
 
 #include <QFontDatabase>
 #include <QLocale>
 #include <QPageSetupDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QRawFont>
 
 #include <memory>
 
@@ -19,13 +21,23 @@ QPageSize UsualPaper() {
     return QPageSize(letter ? QPageSize::Letter : QPageSize::A4);
 }
 
+/// Whether the letters of a family are letters.
+bool HasLetters(const QString& family) {
+    const QRawFont font = QRawFont::fromFont(QFont(family));
+    const QByteArray os2 = font.fontTable("OS/2");
+    const QByteArray cmap = font.fontTable("cmap");
+    return !IsSymbolFont(family.toStdString(), {os2.constData(), static_cast<std::size_t>(os2.size())},
+                         {cmap.constData(), static_cast<std::size_t>(cmap.size())});
+}
+
 /// Any font whose outlines can be sent along and that has letters. The desktop's own comes first: it is the
 /// one to fall back on.
 QStringList OutlineFonts() {
     const QString own = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
     QStringList fonts;
     for (const QString& family : QFontDatabase::families(QFontDatabase::Latin)) {
-        if (!QFontDatabase::isPrivateFamily(family) && QFontDatabase::isSmoothlyScalable(family)) {
+        if (!QFontDatabase::isPrivateFamily(family) && QFontDatabase::isSmoothlyScalable(family) &&
+            HasLetters(family)) {
             family == own ? fonts.prepend(family) : fonts.append(family);
         }
     }

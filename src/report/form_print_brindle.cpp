@@ -65,8 +65,8 @@ QLabel* NewLabel(const char* name, const QString& caption, QWidget* buddy) {
 
 } // namespace
 
-formPrintBrindle::formPrintBrindle(PrintSurroundings surroundings, QWidget* mainWindow)
-    : QDialog(mainWindow), surroundings_(std::move(surroundings)), mainWindow_(mainWindow),
+formPrintBrindle::formPrintBrindle(PrintSurroundings surroundings, QWidget* owner)
+    : QDialog(owner), surroundings_(std::move(surroundings)),
       layout_(QPageSize(QPageSize::A4), QPageLayout::Portrait, UsualMargins, QPageLayout::Millimeter) {
     setObjectName(QStringLiteral("formPrintBrindle"));
     setWindowTitle(QStringLiteral("Print"));

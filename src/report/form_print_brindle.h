@@ -4,6 +4,7 @@
 #include "model/signal_catalogue.h"
 #include "platform/printer_dialogs.h"
 #include "report/logic_report.h"
+#include "report/picture_page_painter.h"
 #include "report/print_job.h"
 #include "report/print_to_file.h"
 #include "settings/window_placement.h"
@@ -35,9 +36,11 @@ struct PrintSurroundings {
     std::function<std::string()> Title; ///< of the main window
     std::function<UnitPlace()> Shown;   ///< the unit in the main window
     std::function<void(const UnitPlace& unit)> Show;
-    /// Units are about to be stepped through for printing, or no longer: the main window's unselected labels
-    /// are white meanwhile, from the next unit shown.
-    std::function<void(bool printing)> SetPrinting;
+    /// Units are about to be stepped through for printing: the main window's unselected labels are white from
+    /// the next unit shown, and the logic is not modified by it.
+    std::function<void()> BeginPrinting;
+    std::function<void()> EndPrinting;      ///< the main window shows again what it showed before
+    std::function<WindowPicture()> Picture; ///< of what the main window shows
     std::function<void(const PlacedForm& form)> RestorePlacement;
     std::function<void(const PlacedForm& form)> SavePlacement;
     PrintFileWorld Outside;
@@ -48,8 +51,7 @@ struct PrintSurroundings {
 class formPrintBrindle : public QDialog {
     Q_OBJECT
   public:
-    /// `mainWindow` owns the window and is what pictures show.
-    formPrintBrindle(PrintSurroundings surroundings, QWidget* mainWindow);
+    formPrintBrindle(PrintSurroundings surroundings, QWidget* owner);
 
     /// Shows the window where it stood last, with the groups of the logic and the printers of now.
     void OpenAtPlace();
@@ -91,7 +93,6 @@ class formPrintBrindle : public QDialog {
     void ShowProgress(const UnitPlace& unit, std::size_t printed, std::size_t total);
 
     PrintSurroundings surroundings_;
-    QWidget* mainWindow_;
     QPageLayout layout_; ///< paper and margins; the orientation is that of the options
     bool running_ = false;
     bool cancelled_ = false;

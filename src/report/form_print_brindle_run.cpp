@@ -1,5 +1,4 @@
 #include "report/form_print_brindle.h"
-#include "report/picture_page_painter.h"
 #include "report/text_page_painter.h"
 
 #include <QBuffer>
@@ -98,9 +97,11 @@ PrintResult formPrintBrindle::PrintPages(QPagedPaintDevice& device, const std::v
                     BuildUnitReport(surroundings_.Config(), surroundings_.Catalogue(), request));
             });
         } else {
-            PicturePagePainter pages(device, painter, *mainWindow_);
+            PicturePagePainter pages(device, painter);
             const QString caption = QString::fromStdString(surroundings_.Title());
-            result = RunPages(units, [&](const UnitPlace&) { return pages.PrintWindow(caption); });
+            result = RunPages(units, [&](const UnitPlace&) {
+                return pages.PrintPicture(caption, surroundings_.Picture());
+            });
         }
         if (!painter.end()) {
             result.Outcome = PrintOutcome::Failed;
@@ -115,7 +116,6 @@ PrintResult formPrintBrindle::PrintPages(QPagedPaintDevice& device, const std::v
 
 PrintResult formPrintBrindle::RunPages(const std::vector<UnitPlace>& units,
                                        const std::function<bool(const UnitPlace& unit)>& print) {
-    const UnitPlace before = surroundings_.Shown();
     PrintRun run;
     run.Show = surroundings_.Show;
     run.Print = print;
@@ -124,16 +124,16 @@ PrintResult formPrintBrindle::RunPages(const std::vector<UnitPlace>& units,
     };
     run.Cancelled = [this] { return cancelled_; };
     ShowRunning(true);
+    surroundings_.BeginPrinting();
     const PrintResult result = RunPrint(units, run);
+    surroundings_.EndPrinting();
     ShowRunning(false);
-    surroundings_.Show(before);
     return result;
 }
 
 void formPrintBrindle::ShowRunning(bool running) {
     running_ = running;
     cancelled_ = false;
-    surroundings_.SetPrinting(running);
     if (running) {
         cmdCancel_->setFocus(); // not to be lost with the controls that are disabled
     }

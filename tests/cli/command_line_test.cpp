@@ -88,8 +88,8 @@ TEST(CommandLine, OutputThatDoesNotArriveIsAFailure) {
         std::ostream broken(nullptr); // every write to it fails
         std::ostringstream err;
         const CommandEnvironment whole = run.Environment();
-        EXPECT_EQ(ExitFailed, RunCommandLine(arguments, {whole.Files, broken, err, whole.StartFolder,
-                                                         whole.Date, whole.Time}));
+        EXPECT_EQ(ExitFailed,
+                  RunCommandLine(arguments, {whole.Files, broken, err, whole.StartFolder, whole.Now}));
         EXPECT_EQ("brindle-cli: standard output: not everything could be written\n", err.str());
     }
 }

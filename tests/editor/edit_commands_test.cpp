@@ -226,14 +226,78 @@ TEST_F(EditCommands, AChangeOfATimesTextWhileALatchIsShownIsNobodys) {
     EXPECT_TRUE(Harness.Boxes.empty());
 }
 
-TEST_F(EditCommands, AnEditShowsTheNumbersOfTheCheckMark) {
-    Harness->mnuShowNumbers_Click();
-    EXPECT_EQ(Harness->View().Inputs[4].Text, "NO CONNECT") << "the texts follow later";
-    Harness->txtPlo_DblClick(5);
-    EXPECT_EQ(Harness->View().Inputs[4].Text, "0 -> NO CONNECT");
-    Harness->mnuShowNumbers_Click();
+TEST_F(EditCommands, AnEditShowsTheNumberOfTheEditedInputAlone) {
     Choose(22, "INP1");
+    Harness->mnuShowNumbers_Click();
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "INP1") << "the texts follow later";
+    Harness->txtPlo_DblClick(5);
+    EXPECT_EQ(Harness->View().Inputs[4].Text.substr(2), " -> INP1");
+    EXPECT_EQ(Harness->View().Inputs[5].Text, "TRUE") << "it was not edited";
+    Harness->txtPlo_GotFocus(6);
+    EXPECT_EQ(Harness->View().Inputs[5].Text, "TRUE") << "selecting an input is no edit";
+    Harness->mnuTimerLatch_Click(1);
+    EXPECT_EQ(Harness->View().Inputs[5].Text, "1 -> TRUE");
+    Harness->mnuShowNumbers_Click();
+    Harness->txtPlo_DblClick(5);
     EXPECT_EQ(Harness->View().Inputs[4].Text, "INP1");
+    EXPECT_EQ(Harness->View().Inputs[5].Text, "1 -> TRUE");
+}
+
+TEST_F(EditCommands, EveryInputThatAnEditGivesACodeShowsItsNumber) {
+    Harness->mnuShowNumbers_Click();
+    Harness->txtPlo_DblClick(5);
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "NO CONNECT") << "a flip gives it no code";
+    Choose(22, "INP1");
+    EXPECT_NE(Harness->View().Inputs[4].Text.find(" -> INP1"), std::string::npos);
+    EXPECT_EQ(Harness->View().Inputs[5].Text, "1 -> TRUE");
+    EXPECT_EQ(Harness->View().Inputs[8].Text, "FF -> FALSE");
+    EXPECT_EQ(Harness->View().Inputs[0].Text, "NO CONNECT") << "a hidden input is given none";
+}
+
+TEST_F(EditCommands, EventsOfHiddenInputsAreIgnored) {
+    const auto before = Config().Groups;
+    const int selected = Harness->Shown().Input;
+    for (const int hidden : {1, 4, 13, 16}) {
+        Harness->txtPlo_GotFocus(hidden);
+        Harness->txtPlo_Click(hidden);
+        Harness->txtPlo_DblClick(hidden);
+        EXPECT_EQ(selected, Harness->Shown().Input) << hidden;
+    }
+    EXPECT_EQ(Config().Groups, before);
+    EXPECT_FALSE(Config().Modified);
+    Harness->mnuNewFileVer100_Click();
+    Harness->txtPlo_GotFocus(16);
+    EXPECT_EQ(16, Harness->Shown().Input) << "which version 1.00 shows";
+}
+
+TEST_F(EditCommands, AUnitShownToBePrintedMarksNothingModified) {
+    Harness->mnuGroup_Click(2);
+    Harness->mnuTimerLatch_Click(3);
+    Logic().Modified = false;
+    Harness->BeginPrinting();
+    Harness->mnuGroup_Click(5);
+    Harness->mnuTimerLatch_Click(1);
+    Harness->txtTimerPU_Load();
+    EXPECT_FALSE(Config().Modified);
+    EXPECT_TRUE(Harness->Shown().Printing);
+    Harness->EndPrinting();
+    EXPECT_EQ(2, Harness->Shown().Group);
+    EXPECT_EQ(3, Harness->Shown().Unit);
+    EXPECT_FALSE(Harness->Shown().Printing);
+    Harness->txtTimerPU_Load();
+    EXPECT_TRUE(Config().Modified) << "printed no longer";
+}
+
+TEST_F(EditCommands, AnEditDuringPrintingAndOneBeforeItStayMarked) {
+    Logic().Modified = false;
+    Harness->BeginPrinting();
+    Harness->txtTimerPU_Change("5");
+    Harness->EndPrinting();
+    EXPECT_TRUE(Config().Modified);
+    Harness->BeginPrinting();
+    Harness->txtTimerPU_Load();
+    Harness->EndPrinting();
+    EXPECT_TRUE(Config().Modified);
 }
 
 TEST_F(EditCommands, AKeyThatIsNoDigitIsRefusedWithANotice) {

@@ -142,6 +142,28 @@ TEST(GroupEditing, ACopyOntoAllGroupsLeavesTheSource) {
     EXPECT_TRUE(config.Modified);
 }
 
+TEST(GroupEditing, ACopyOfTheOnlyGroupOntoAllMarksTheLogicModified) {
+    LogicConfig config;
+    config.GroupCount = 1;
+    config.Group(1).Timer(1).PickUp = 5;
+    const auto before = config.Groups;
+    EXPECT_TRUE(CopyGroups(config, 1, AllGroups).empty());
+    EXPECT_TRUE(config.Modified);
+    EXPECT_EQ(before, config.Groups);
+}
+
+TEST(GroupEditing, EveryGroupOfALogicCanBeChosenThoseThatAreNotShownToo) {
+    LogicConfig config;
+    config.RelayModel = RelayKind::Vdr810;
+    config.GroupCount = 8;
+    EXPECT_TRUE(ChoiceInLogic(config, 7));
+    EXPECT_TRUE(ChoiceInLogic(config, 8));
+    EXPECT_EQ(7, NextGroup(config, 6));
+    EXPECT_EQ(1, NextGroup(config, 8));
+    config.GroupCount = 6;
+    EXPECT_FALSE(ChoiceInLogic(config, 7));
+}
+
 TEST(GroupEditing, ACopyIsFirstOfferedOntoTheNextGroup) {
     LogicConfig config = ManifoldLogic();
     EXPECT_EQ(NextGroup(config, 1), 2);

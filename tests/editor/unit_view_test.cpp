@@ -145,7 +145,7 @@ TEST(UnitView, AnUpperHalfCodeShowsTheMarkerAndTheBaseSignalsName) {
 
 TEST(UnitView, NumbersAreTheStoredCodesInHexadecimal) {
     Shown shown(Version100);
-    shown.Selection.NumbersShown = true;
+    shown.Selection.NumbersShown.set();
     shown.Code(1) = 251;
     shown.Code(2) = 5;
     shown.Code(3) = 255;
@@ -247,7 +247,7 @@ TEST(UnitView, AVdr810LogicShowsAtMostSixGroups) {
 RC_GTEST_PROP(UnitView, AnyByteInAnyInputHasAView, ()) {
     Shown shown(*rc::gen::element(Version100, Version230));
     shown.Selection.Unit = *rc::gen::inRange(1, 11);
-    shown.Selection.NumbersShown = *rc::gen::arbitrary<bool>();
+    shown.Selection.NumbersShown = InputSet(*rc::gen::arbitrary<std::uint16_t>());
     const int input = *rc::gen::inRange(1, 17);
     const int code = *rc::gen::inRange(0, 256);
     shown.Code(input) = code;

@@ -27,8 +27,7 @@ struct CommandRun {
                 Out,
                 Err,
                 "/home/me",
-                [] { return std::string("5/4/2001"); },
-                [] { return std::string("10:12:33"); },
+                [] { return DateAndTime{"5/4/2001", "10:12:33"}; },
                 Folders.Operations(),
                 "/opt/brindle"};
     }

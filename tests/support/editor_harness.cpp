@@ -45,8 +45,7 @@ EditorHarness::EditorHarness() {
         fileAnswers_.pop_front();
         return answer;
     };
-    Surroundings.Date = [] { return std::string("5/4/2001"); };
-    Surroundings.Time = [] { return std::string("10:12:33"); };
+    Surroundings.Now = [] { return DateAndTime{"5/4/2001", "10:12:33"}; };
 }
 
 std::vector<std::string> EditorHarness::FilesIn(const std::string& folder) const {

@@ -5,10 +5,13 @@
 #include "support/pdf_pages_window.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QLabel>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPrinter>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -152,10 +155,11 @@ std::vector<PdfPage> PicturePages(const QPageLayout& layout, QSize size, int cou
     QLabel window(QStringLiteral("text in the window"));
     window.setFrameStyle(QFrame::Box);
     window.resize(size);
+    const WindowPicture picture{size, [&window](QPainter& painter) { window.render(&painter); }};
     return Painted(layout, [&](QPagedPaintDevice& device, QPainter& painter) {
-        PicturePagePainter pages(device, painter, window);
+        PicturePagePainter pages(device, painter);
         for (int page = 0; page < count; ++page) {
-            EXPECT_TRUE(pages.PrintWindow(caption));
+            EXPECT_TRUE(pages.PrintPicture(caption, picture));
         }
     });
 }
@@ -187,6 +191,28 @@ TEST(PicturePage, ALongCaptionPushesThePictureDown) {
     const auto pages = PicturePages(Layout(QPageLayout::Landscape), {300, 1000}, 1, caption);
     ExpectInsideMargins(pages.at(0));
     EXPECT_NEAR(210 - Margins.bottom(), pages[0].Ink.bottom(), 1);
+}
+
+TEST(PicturePage, APrinterGetsItAsPixelsAtTheSamePlace) {
+    const QTemporaryDir folder;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder.filePath(QStringLiteral("printed")));
+    printer.setPageLayout(Layout());
+    QPainter painter(&printer);
+    PicturePagePainter pages(printer, painter);
+    const auto draw = [](QPainter& onto) { onto.fillRect(0, 0, 1000, 300, Qt::red); };
+    EXPECT_TRUE(pages.PrintPicture(QStringLiteral("Caption"), {{1000, 300}, draw}));
+    painter.end();
+    QFile file(printer.outputFileName());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const auto printed = PdfPages(file.readAll());
+    ASSERT_EQ(1U, printed.size());
+    EXPECT_EQ("Caption", printed[0].Text);
+    EXPECT_EQ(1, printed[0].Images);
+    ExpectInsideMargins(printed[0]);
+    EXPECT_NEAR(Margins.left(), printed[0].Ink.left(), 1);
+    EXPECT_NEAR(210 - Margins.right(), printed[0].Ink.right(), 1);
 }
 
 TEST(PicturePage, EachPictureHasAPageOfItsOwn) {
