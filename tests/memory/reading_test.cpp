@@ -202,6 +202,7 @@ TEST(LackOfMemory, IsNotBroughtAboutByHostileJson) {
         for (std::size_t i = 0; i < times; ++i) {
             text += part;
         }
+        text += R"({"b": 1, "b": 2})"; // a refusal that has a place to name, however deep
         LogicConfig config;
         const std::size_t before = BytesAllocated();
         EXPECT_NE("", LogicFromJson(text, config));
