@@ -99,9 +99,8 @@ void formPLG::FitToScreen() {
     setFont(scaledFont);
     leastSize_ = LeastSize * factor;
     setMinimumSize(leastSize_);
-    const QSize wanted(TwipsToPixels(static_cast<int>(form.Width)),
-                       TwipsToPixels(static_cast<int>(form.Height)));
-    resize(wanted.boundedTo(QApplication::primaryScreen()->availableSize()));
+    usualSize_ = {TwipsToPixels(static_cast<int>(form.Width)), TwipsToPixels(static_cast<int>(form.Height))};
+    resize(usualSize_.boundedTo(QApplication::primaryScreen()->availableSize()));
 }
 
 void formPLG::GrowToContents() {

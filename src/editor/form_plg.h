@@ -40,7 +40,7 @@ class formPLG : public QMainWindow {
     /// Loads the editor (Form_Load) and shows the window as its stored placement says.
     void LoadAndShow();
 
-    /// What the window shows, whole and in light colours, whatever its size and the desktop's colours.
+    /// What the window shows, as in a window of the usual size on a light desktop, whatever this one is like.
     [[nodiscard]] WindowPicture Picture();
 
   protected:
@@ -98,6 +98,7 @@ class formPLG : public QMainWindow {
     formHelp* help_ = nullptr;
     formAbout* about_ = nullptr;
     QSize leastSize_;
+    QSize usualSize_; ///< where no placement is stored and the screen has room
     bool loaded_ = false;
     Qt::WindowStates restoredState_ = Qt::WindowNoState;
 

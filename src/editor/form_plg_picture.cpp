@@ -31,15 +31,15 @@ class LightColours {
     QWidget& widget_;
 };
 
-void Draw(QPainter& painter, QWidget& widget, int top) {
-    widget.render(&painter, QPoint(0, top), QRegion(), QWidget::DrawChildren);
-}
-
-/// Draws a widget as if it had another size.
+/// Draws a widget as it is in another size.
 void DrawResized(QPainter& painter, QWidget& widget, int top, QSize size) {
     const QSize before = widget.size();
-    widget.resize(size);
-    Draw(painter, widget, top);
+    const QSize least = widget.minimumSize();
+    const QSize greatest = widget.maximumSize();
+    widget.setFixedSize(size); // else what scrolls it would give it its own
+    widget.render(&painter, QPoint(0, top), QRegion(), QWidget::DrawChildren);
+    widget.setMinimumSize(least);
+    widget.setMaximumSize(greatest);
     widget.resize(before);
 }
 
@@ -47,20 +47,20 @@ void DrawResized(QPainter& painter, QWidget& widget, int top, QSize size) {
 
 WindowPicture formPLG::Picture() {
     constexpr int gap = 8; // pixels, as in the window
-    // The diagram always has the size that it needs; in a small window a part of it is scrolled away.
-    const int width = std::max({diagram_->width(), header_->minimumSizeHint().width(),
-                                lblSelectedInput_->minimumSizeHint().width()});
+    const QSize least = diagram_->minimumSizeHint();
+    const int width = std::max({usualSize_.width(), least.width(), header_->minimumSizeHint().width()});
     const QSize header(width, header_->minimumSizeHint().height());
     const QSize caption(width, lblSelectedInput_->minimumSizeHint().height());
     const int captionTop = header.height() + gap;
     const int diagramTop = captionTop + caption.height() + gap;
+    const QSize diagram(width, std::max(usualSize_.height() - diagramTop, least.height()));
     const auto draw = [=, this](QPainter& painter) {
         const LightColours light(*centralWidget());
         DrawResized(painter, *header_, 0, header);
         DrawResized(painter, *lblSelectedInput_, captionTop, caption);
-        Draw(painter, *diagram_, diagramTop);
+        DrawResized(painter, *diagram_, diagramTop, diagram);
     };
-    return {{width, diagramTop + diagram_->height()}, draw};
+    return {{width, diagramTop + diagram.height()}, draw};
 }
 
 } // namespace brindle

@@ -97,7 +97,9 @@ TEST_F(PicturePrint, AnUnmodifiedLogicStaysUnmodified) {
 TEST_F(PicturePrint, ASmallWindowPrintsAllThatALargeOneDoes) {
     Start(Example);
     const std::string large = Printed("optPrintCurrentForm", "optPrintGraphic").at(0).Text;
+    const QImage drawnLarge = Drawn();
     MakeSmall();
+    EXPECT_EQ(drawnLarge, Drawn());
     const auto pages = Printed("optPrintCurrentForm", "optPrintGraphic");
     ASSERT_EQ(1U, pages.size());
     for (int input = 5; input <= 12; ++input) {
