@@ -155,6 +155,8 @@ MessageAnswer EditorWorld::Answer(const MessageBox& box) {
             return *AnswerAtStart;
         }
         return choose({MessageAnswer::Yes, MessageAnswer::No, MessageAnswer::Cancel});
+    case MessageButtons::SaveAsOverwriteCancel:
+        return choose({MessageAnswer::SaveAs, MessageAnswer::Overwrite, MessageAnswer::Cancel});
     case MessageButtons::RetryCancel:
         return choose({MessageAnswer::Retry, MessageAnswer::Cancel});
     }
@@ -203,6 +205,7 @@ EditorWindow EditorWorld::Window() {
     window.ShowHourglass = nothing;
     window.ShowTitle = nothing;
     window.ShowIdentity = nothing;
+    window.ShowStatus = nothing;
     window.ChooseVdr810Options = [this](Vdr810Options& options) {
         if (!options.Versions().empty()) {
             options.ChooseVersion(decisions_.Number(0, static_cast<int>(options.Versions().size()) - 1));

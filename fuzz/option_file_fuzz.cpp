@@ -29,8 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(!DecodeOptionFile(saved, "read x.810", again).Failed(), "what was saved loads");
     Require(again.Lists == option.Lists && again.Unconnected == option.Unconnected,
             "what was saved has the same lists");
-    Require(!TakeLists(config, again, "read x.810").Failed(),
-            "a logic takes the lists of its own option file");
+    TakeLists(config, again);
     Require(EncodeOptionFile(config) == saved, "what was saved is saved as the same again");
     return 0;
 }

@@ -39,20 +39,23 @@ void WriteLines(const CommandEnvironment& environment, std::string text) {
 /// Gives the logic the lists of its option file. One that is not there is missed only by a logic whose own
 /// file names no signal.
 int ReadLists(const CommandEnvironment& environment, const std::string& plcFolder, LogicConfig& config) {
-    bool found = false;
+    LoadedLists loaded;
     const PlcFolder folder = ScanPlcFolder(environment.Folders, plcFolder);
-    const FileError error = LoadLists(environment.Files, folder, config, found);
+    const FileError error = LoadLists(environment.Files, folder, config, loaded);
     const std::string path =
         JoinPath(plcFolder, OptionFileName(config.Vdr810.SettingsVersion, config.Vdr810.Options));
     if (error.Failed()) {
         ComplainOfFile(environment, path, error);
         return ExitFinding;
     }
-    if (!found && config.Lists.Labels.empty()) {
+    if (!loaded.Found && config.Lists.Labels.empty()) {
         Complain(environment, path + ": not there, so signals have no names");
         return ExitFinding;
     }
-    return ExitWell;
+    for (const std::string& misfit : loaded.Misfits) {
+        Complain(environment, misfit);
+    }
+    return loaded.Misfits.empty() ? ExitWell : ExitFinding;
 }
 
 int ReadLogicFile(const CommandEnvironment& environment, const LogicInput& input, LogicConfig& config) {

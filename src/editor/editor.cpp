@@ -47,14 +47,15 @@ void Editor::ShowFirstUnit() {
     mnuGroup_Click(1);
 }
 
-void Editor::ShowNewLogic() {
+void Editor::ShowNewLogic(LogicFile file) {
     if (notSaved_) {
         recovery_.SetAside(*notSaved_);
         notSaved_.reset();
     }
     recovery_.Rest(RecoveryLogic(config_));
     listsHereAlone_ = false;
-    neverSaved_ = false;
+    file_ = std::move(file);
+    window_.ShowStatus();
     RebuildCatalogue();
     window_.ShowOutputMap();
     ShowFirstUnit();
@@ -62,6 +63,7 @@ void Editor::ShowNewLogic() {
 }
 
 void Editor::Form_Activate() {
+    LookForChange();
     FollowCheckMark(InputSet().set());
     window_.ShowUnit(UnitRedraw::Refreshed);
 }

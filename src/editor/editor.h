@@ -2,6 +2,7 @@
 
 #include "editor/category_choosers.h"
 #include "editor/connect_rule.h"
+#include "editor/logic_file.h"
 #include "editor/relay_output_map.h"
 #include "editor/save_prompt.h"
 #include "editor/timer_entry.h"
@@ -48,6 +49,7 @@ struct EditorWindow {
     std::function<void(bool busy)> ShowHourglass;
     std::function<void()> ShowTitle;
     std::function<void()> ShowIdentity; ///< what is told of the file of a VDR810 logic
+    std::function<void()> ShowStatus;   ///< the line at the foot follows StatusNotices()
     /// Lets the user choose the option file of a new VDR810 logic; false when the choice was cancelled.
     std::function<bool(Vdr810Options& options)> ChooseVdr810Options;
     std::function<void()> ShowCategories;  ///< the categories menu and the choosers follow the catalogue
@@ -108,7 +110,8 @@ class Editor {
     /// Makes a new 2.30 logic, finds the home directory, places the window, shows group 1, timer 1, offers
     /// unsaved work that a crash left, and opens the file of the command line.
     void Form_Load();
-    /// The window became active: the shown unit is drawn anew; the selected input stays.
+    /// The window became active: the shown unit is drawn anew; the selected input stays. What another program
+    /// did to the file meanwhile is told at the foot of the window.
     void Form_Activate();
     /// The window is closing: its place is stored.
     void Form_Unload();
@@ -134,6 +137,8 @@ class Editor {
     /// Opens the file at an absolute path; its model follows its extension.
     void OpenPath(const std::string& path) { OpenNamed(FileOfPath(path)); }
 
+    /// Save. Asks before it replaces a file that another program has changed, or that is no file of the
+    /// logic's relay; a logic that is a part of a refused file goes to Save As.
     void mnuFileSave_Click();
     /// Save As; before printing only the dialog's title differs.
     void mnuSaveBin_Click(bool beforePrinting = false);
@@ -240,6 +245,9 @@ class Editor {
     /// The identity caption: lines joined by CR LF, empty for a VDR812.
     [[nodiscard]] const std::string& Identity() const { return identity_; }
 
+    /// What is told at the foot of the window, a sentence each.
+    [[nodiscard]] std::vector<std::string> StatusNotices() const { return brindle::StatusNotices(file_); }
+
     /// The check mark of "Show Logic Signal Numbers".
     [[nodiscard]] bool NumbersChecked() const { return numbersChecked_; }
 
@@ -269,20 +277,23 @@ class Editor {
     void OpenVdr812(const ChosenFile& file);
     void OpenVdr810(const ChosenFile& file);
     /// A refused file leaves what was read of it, as a new file that is not saved yet.
-    void ShowOpenedVdr810(const ChosenFile& file, const LogicConfig& opened, const Vdr810Reading& reading);
+    void ShowOpenedVdr810(const ChosenFile& file, const LogicConfig& opened, const Vdr810Reading& reading,
+                          const LogicFile& known);
     void ScanPlcFolder();
     void TellMalformed(const FileError& malformed);
     /// Reads an option file; tells the user why when it cannot be read.
     [[nodiscard]] bool ReadOption(const PlcFolderEntry& entry, OptionFile& option);
-    /// Gives a logic the lists of its option file; false when there is none that fits.
-    [[nodiscard]] bool TakeOptionFile(LogicConfig& config);
-    /// Makes the option file of a logic that brought its own lists; false when that is not possible.
+    /// Gives a logic the lists of its option file, with where that does not fit; false when there is none.
+    [[nodiscard]] bool TakeOptionFile(LogicConfig& config, std::vector<std::string>& misfits);
+    /// Makes the option file of a logic that brought its own lists; false when that is not possible, or when
+    /// an opening would not find it.
     [[nodiscard]] bool MakeOptionFile(const LogicConfig& config);
     /// Whether the logic may be written without its lists: an option file has them, or the user agrees.
     [[nodiscard]] bool MayLeaveListsOut();
     void RefreshIdentity();
-    /// Everything follows a logic that was made or opened; it counts as saved.
-    void ShowNewLogic();
+    /// Everything follows a logic that was made or opened; it counts as saved. `file` is what is known of its
+    /// file.
+    void ShowNewLogic(LogicFile file);
     [[nodiscard]] std::optional<ChosenFile> ChooseFileToOpen();
     /// The file at a path that no dialog chose; its model follows its extension.
     [[nodiscard]] static ChosenFile FileOfPath(const std::string& path);
@@ -295,6 +306,8 @@ class Editor {
     [[nodiscard]] bool MayDiscard(DiscardingCommand command);
     /// Writes the logic to its file path and, when that went well, takes it as saved.
     void WriteLogic();
+    /// Tells what another program did to the file.
+    void LookForChange();
     void RebuildCatalogue();
     void ShowFirstUnit();
 
@@ -321,7 +334,7 @@ class Editor {
     PlcFolder plcFolder_;
     Vdr810Choice vdr810Choice_;   ///< for the next new VDR810 logic
     bool listsHereAlone_ = false; ///< a VDR810 file brought lists that no option file holds
-    bool neverSaved_ = true;      ///< a new file: what its name stands for is not its logic
+    LogicFile file_;
     std::string identity_;
     ViewSelection shown_;
     CategoryChoosers choosers_;

@@ -3,7 +3,10 @@
 #include "editor/file_texts.h"
 #include "editor/hourglass.h"
 #include "files/file_model.h"
-#include "files/vdr810_writer.h"
+#include "files/foreign_file.h"
+#include "files/logic_bytes.h"
+#include "files/program_file.h"
+#include "files/whole_file.h"
 #include "platform/paths.h"
 
 /// New, Open, Save and Save As of the main window.
@@ -13,13 +16,6 @@ namespace {
 
 int FilterIndexOf(RelayKind model) {
     return model == RelayKind::Vdr812 ? 1 : 2;
-}
-
-MessageBox ShortFileNotice(const std::string& path, std::uint64_t bytesRead) {
-    return {"The file " + path + " holds only " + std::to_string(bytesRead) + " of the " +
-                std::to_string(ProgramFileSize) +
-                " bytes of a program.  The missing bytes were read as zero.",
-            MessageIcon::Exclamation, MessageButtons::Ok};
 }
 
 /// A file named after the other relay would later be read as what it is not.
@@ -49,7 +45,6 @@ bool Editor::MayDiscard(DiscardingCommand command) {
 void Editor::NameNewFile() {
     config_.FileTitle = config_.RelayModel == RelayKind::Vdr812 ? "New_File.pl" : "New_File.c10";
     config_.FilePath = JoinPath(homeDirectory_, config_.FileTitle);
-    neverSaved_ = true;
     window_.ShowTitle();
     RefreshIdentity();
 }
@@ -60,7 +55,7 @@ void Editor::NewVdr812(float version) {
         return;
     }
     MakeNewVdr812(config_, version);
-    ShowNewLogic();
+    ShowNewLogic({});
     NameNewFile();
 }
 
@@ -115,24 +110,28 @@ void Editor::Open(const ChosenFile& file) {
 
 void Editor::OpenVdr812(const ChosenFile& file) {
     LogicConfig opened = config_;
-    ProgramReading reading;
-    {
-        const Hourglass hourglass(window_);
-        const auto read = [&] { return ReadProgramFile(surroundings_.Files, file.Path, opened, reading); };
-        if (RunFileCommand({read}, OpenFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
-            return;
+    LogicFile known{FileOrigin::Opened};
+    const Hourglass hourglass(window_);
+    const auto read = [&] {
+        std::string bytes;
+        FileError error = ReadStampedFile(surroundings_.Files, file.Path, bytes, known.Stamp);
+        if (!error.Failed()) {
+            DecodeProgram(bytes, opened);
+            const std::uint64_t size = known.Stamp.Status.Size;
+            known.Foreign = ForeignNotice(KindOfProgram(bytes, size), size);
         }
-        config_ = opened;
-        config_.FilePath = file.Path;
-        config_.FileTitle = file.Title;
-        ShowNewLogic();
-        window_.ShowTitle();
-        RefreshIdentity();
-        EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
+        return error;
+    };
+    if (RunFileCommand({read}, OpenFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
+        return;
     }
-    if (reading.Size < ProgramFileSize) {
-        surroundings_.ShowMessageBox(ShortFileNotice(file.Path, reading.Size));
-    }
+    config_ = opened;
+    config_.FilePath = file.Path;
+    config_.FileTitle = file.Title;
+    ShowNewLogic(known);
+    window_.ShowTitle();
+    RefreshIdentity();
+    EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
 }
 
 void Editor::EnterRecent(const RecentFile& file) {
@@ -156,21 +155,53 @@ void Editor::WriteLogic() {
     RefreshIdentity();
     const ReplaceRules rules =
         RulesOfSave(config_.FilePath, surroundings_.ProgramFolder, surroundings_.ShowMessageBox);
+    std::string bytes;
     const auto write = [&] {
-        return config_.RelayModel == RelayKind::Vdr812
-                   ? WriteProgramFile(surroundings_.Files, config_.FilePath, config_, rules)
-                   : WriteVdr810File(surroundings_.Files, config_.FilePath, config_, rules);
+        const FileError error = EncodeLogic(config_, bytes);
+        return error.Failed() ? error : ReplaceWholeFile(surroundings_.Files, config_.FilePath, bytes, rules);
     };
-    if (RunFileCommand({write}, SaveFailedText, surroundings_.ShowMessageBox) == FileOutcome::Done) {
-        config_.Modified = false;
-        neverSaved_ = false;
-        recovery_.Rest(RecoveryLogic(config_));
-        EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
+    if (RunFileCommand({write}, SaveFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
+        file_.Stamp.Attempted = HashOfBytes(bytes);
+        return;
     }
+    config_.Modified = false;
+    file_.Origin = FileOrigin::Opened;
+    file_.Stamp = StampOfWritten(surroundings_.Files, config_.FilePath, bytes);
+    file_.Change = FileChange::None;
+    file_.Foreign.clear();
+    window_.ShowStatus();
+    recovery_.Rest(RecoveryLogic(config_));
+    EnterRecent({config_.FilePath, config_.FileTitle, config_.RelayModel});
 }
 
 void Editor::mnuFileSave_Click() {
-    WriteLogic();
+    if (file_.Origin == FileOrigin::Part) {
+        mnuSaveBin_Click();
+        return;
+    }
+    const std::optional<MessageBox> question = ReplaceQuestion(
+        file_, config_.FilePath, ChangeSince(surroundings_.Files, config_.FilePath, file_.Stamp));
+    switch (question ? surroundings_.ShowMessageBox(*question) : MessageAnswer::Overwrite) {
+    case MessageAnswer::Overwrite:
+        WriteLogic();
+        break;
+    case MessageAnswer::SaveAs:
+        mnuSaveBin_Click();
+        break;
+    default:
+        break;
+    }
+}
+
+void Editor::LookForChange() {
+    if (file_.NeverSaved()) {
+        return;
+    }
+    const FileChange change = ChangeAtAGlance(surroundings_.Files, config_.FilePath, file_.Stamp);
+    if (change != file_.Change) {
+        file_.Change = change;
+        window_.ShowStatus();
+    }
 }
 
 void Editor::mnuSaveBin_Click(bool beforePrinting) {
@@ -190,6 +221,10 @@ void Editor::mnuSaveBin_Click(bool beforePrinting) {
         }
         config_.FilePath = answer->FileName;
         config_.FileTitle = answer->FileTitle;
+        file_.Stamp = StampNow(surroundings_.Files, config_.FilePath); // agreed to be replaced, as it is now
+        file_.Change = FileChange::None;
+        file_.Foreign.clear();
+        window_.ShowStatus();
         WriteLogic();
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "editor/identity_label_widget.h"
 #include "editor/menu_tree.h"
+#include "editor/status_line_widget.h"
 #include "editor/strip_label_widget.h"
 #include "editor/unit_diagram_widget.h"
 #include "platform/foreign_text.h"
@@ -60,7 +61,7 @@ formPLG::formPLG(Editor& editor) : editor_(editor), choosers_(this, EventsOfChoo
     auto* central = new QWidget(this);
     central->setObjectName(QStringLiteral("picBackground"));
     auto* column = new QVBoxLayout(central);
-    column->setContentsMargins(10, 8, 10, 10);
+    column->setContentsMargins(10, 8, 10, 2);
     column->setSpacing(8);
     header_ = BuildHeader(central);
     column->addWidget(header_);
@@ -81,6 +82,8 @@ formPLG::formPLG(Editor& editor) : editor_(editor), choosers_(this, EventsOfChoo
     view->setWidget(diagram_);
     view->viewport()->setAutoFillBackground(false);
     column->addWidget(view, 1);
+    lblStatus_ = new StatusLineWidget(central);
+    column->addWidget(lblStatus_);
     setCentralWidget(central);
     editor_.AttachWindow(WindowForEditor());
 }
@@ -222,6 +225,7 @@ EditorWindow formPLG::WindowForEditor() {
     };
     window.ShowTitle = [this] { SetForeignTitle(*this, ShownText(editor_.Title())); };
     window.ShowIdentity = [this] { ShowIdentity(); };
+    window.ShowStatus = [this] { ShowStatus(); };
     window.ChooseVdr810Options = [this](Vdr810Options& options) { return ChooseVdr810Options(options); };
     window.ShowRecentFiles = [this] { ShowRecentFiles(); };
     window.ShowCategories = [this] { ShowCategories(); };
@@ -247,6 +251,14 @@ EditorWindow formPLG::WindowForEditor() {
 void formPLG::ShowIdentity() {
     QString text = ShownText(editor_.Identity());
     lblIdentity_->ShowText(text.replace(QLatin1String("\r\n"), QLatin1String("\n")));
+}
+
+void formPLG::ShowStatus() {
+    QStringList notices;
+    for (const std::string& notice : editor_.StatusNotices()) {
+        notices << QString::fromStdString(notice);
+    }
+    lblStatus_->ShowNotices(notices);
 }
 
 void formPLG::ShowUnit(UnitRedraw redraw) {

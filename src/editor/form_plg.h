@@ -19,6 +19,7 @@ namespace brindle {
 
 struct DiagramEvents;
 class IdentityLabelWidget;
+class StatusLineWidget;
 class StripLabelWidget;
 class UnitDiagramWidget;
 class formAbout;
@@ -86,6 +87,7 @@ class formPLG : public QMainWindow {
     void OpenAbout();
     bool ChooseVdr810Options(Vdr810Options& options);
     void ShowIdentity();
+    void ShowStatus();
     void ShowUnit(UnitRedraw redraw);
 
     Editor& editor_;
@@ -112,6 +114,7 @@ class formPLG : public QMainWindow {
     std::array<StripLabelWidget*, MaxGroups> lblGroupNumber_{};
     std::array<StripLabelWidget*, UnitsPerGroup> lblUnit_{};
     UnitDiagramWidget* diagram_ = nullptr;
+    StatusLineWidget* lblStatus_ = nullptr;
 };
 
 } // namespace brindle

@@ -47,7 +47,7 @@ void Editor::EndPrinting() {
 
 UnitReportRequest Editor::ReportStart() const {
     UnitReportRequest request;
-    request.FileName = neverSaved_ ? config_.FileTitle : config_.FilePath;
+    request.FileName = file_.NeverSaved() ? config_.FileTitle : config_.FilePath;
     const DateAndTime now = surroundings_.Now();
     request.Date = now.Date;
     request.Time = now.Time;

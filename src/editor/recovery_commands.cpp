@@ -19,7 +19,7 @@ MessageBox RecoveryQuestion(const RecoveryCopy& copy) {
 
 RecoveryCopy Editor::WorkNow() const {
     const DateAndTime now = surroundings_.Now();
-    return {config_.FilePath, config_.FileTitle, neverSaved_, now.Date + " " + now.Time,
+    return {config_.FilePath, config_.FileTitle, file_.NeverSaved(), now.Date + " " + now.Time,
             RecoveryLogic(config_)};
 }
 
@@ -40,9 +40,10 @@ void Editor::OfferRecovery() {
 
 void Editor::ShowRecovered(const LeftCopy& left) {
     config_ = left.Logic;
-    ShowNewLogic();
+    LogicFile file{left.Copy.NeverSaved ? FileOrigin::New : FileOrigin::Opened};
+    file.Stamp = StampNow(surroundings_.Files, config_.FilePath);
+    ShowNewLogic(file);
     config_.Modified = true;
-    neverSaved_ = left.Copy.NeverSaved;
     listsHereAlone_ = !config_.Lists.Empty() &&
                       plcFolder_.Find(config_.Vdr810.SettingsVersion, config_.Vdr810.Options) == nullptr;
     window_.ShowTitle();

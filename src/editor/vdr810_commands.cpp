@@ -15,9 +15,8 @@ namespace {
 MessageBox ListsLostQuestion(const LogicConfig& config) {
     return {"The names of signals that this file brought along are in no option file: " +
                 OptionFileName(config.Vdr810.SettingsVersion, config.Vdr810.Options) +
-                " could not be made or read.  A logic file is saved without them.\r\nSelect OK to save "
-                "without the "
-                "names.  To abort press cancel.",
+                " could not be made or read, or its name is none that is looked for.  A logic file is saved "
+                "without them.\r\nSelect OK to save without the names.  To abort press cancel.",
             MessageIcon::Exclamation, MessageButtons::OkCancel};
 }
 
@@ -39,14 +38,21 @@ void Editor::mnuFileNewVdr810_Click() {
     if (!window_.ChooseVdr810Options(options) || !options.PairChosen()) {
         return;
     }
-    const int entry = plcFolder_.EntryOfPair(options.Choice().VersionIndex, options.Choice().Options);
+    const PlcFolderEntry entry = plcFolder_.Entries.at(static_cast<std::size_t>(
+        plcFolder_.EntryOfPair(options.Choice().VersionIndex, options.Choice().Options)));
     OptionFile option;
-    if (!ReadOption(plcFolder_.Entries.at(static_cast<std::size_t>(entry)), option)) {
+    if (!ReadOption(entry, option)) {
         return;
     }
     vdr810Choice_ = options.Choice();
+    LogicFile file;
+    file.Misfits = OptionFileMisfits(entry, option, option.Head.Signals);
+    // The pair that was chosen holds: by it the logic finds its option file again.
+    option.Head.SettingsVersion = entry.Version;
+    option.Head.Version = static_cast<float>(entry.Version);
+    option.Head.Options = entry.Options;
     MakeNewVdr810(config_, option);
-    ShowNewLogic();
+    ShowNewLogic(file);
     NameNewFile();
 }
 
@@ -63,36 +69,36 @@ bool Editor::ReadOption(const PlcFolderEntry& entry, OptionFile& option) {
     if (RunFileCommand({read}, OpenFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
         return false;
     }
-    const FileError malformed = DecodeEntry(entry, text, "read " + path, option);
+    const FileError malformed = DecodeOptionFile(text, "read " + path, option);
     if (malformed.Failed()) {
         TellMalformed(malformed);
     }
     return !malformed.Failed();
 }
 
-bool Editor::TakeOptionFile(LogicConfig& config) {
+bool Editor::TakeOptionFile(LogicConfig& config, std::vector<std::string>& misfits) {
     ScanPlcFolder();
     const PlcFolderEntry* entry = plcFolder_.Find(config.Vdr810.SettingsVersion, config.Vdr810.Options);
     OptionFile option;
     if (entry == nullptr || !ReadOption(*entry, option)) {
         return false;
     }
-    const FileError unfit = TakeLists(config, option, "read " + JoinPath(plcFolder_.Path, entry->Name));
-    if (unfit.Failed()) {
-        TellMalformed(unfit);
-    }
-    return !unfit.Failed();
+    TakeLists(config, option);
+    misfits = OptionFileMisfits(*entry, option, config.Coding.InvertBase);
+    return true;
 }
 
 bool Editor::MakeOptionFile(const LogicConfig& config) {
-    if (plcFolder_.Find(config.Vdr810.SettingsVersion, config.Vdr810.Options) != nullptr) {
+    const auto find = [&] { return plcFolder_.Find(config.Vdr810.SettingsVersion, config.Vdr810.Options); };
+    if (find() != nullptr) {
         return false; // one that is there is never changed
     }
     const auto write = [&] { return WriteOptionFile(surroundings_.Files, plcFolder_.Path, config); };
     const bool made =
         RunFileCommand({write}, SaveFailedText, surroundings_.ShowMessageBox) == FileOutcome::Done;
     ScanPlcFolder();
-    return made;
+    // Looked up as the next opening will: not every version and options number give a name that is found.
+    return made && find() != nullptr;
 }
 
 bool Editor::MayLeaveListsOut() {
@@ -106,33 +112,42 @@ bool Editor::MayLeaveListsOut() {
 void Editor::OpenVdr810(const ChosenFile& file) {
     LogicConfig opened = config_;
     Vdr810Reading reading;
+    LogicFile known{FileOrigin::Opened};
     bool listsHereAlone = false;
     {
         const Hourglass hourglass(window_);
         const auto read = [&] {
-            reading = ReadVdr810File(surroundings_.Files, file.Path, opened);
-            return reading.Error;
+            std::string text;
+            FileError error = ReadStampedText(surroundings_.Files, file.Path, text, known.Stamp);
+            if (!error.Failed()) {
+                reading = DecodeVdr810(text, "read " + file.Path, opened);
+                error = reading.Error;
+            }
+            return error;
         };
         if (RunFileCommand({read}, OpenFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
             return;
         }
-        const bool named = TakeOptionFile(opened);
+        const bool named = TakeOptionFile(opened, known.Misfits);
         const bool ownLists = !named && !opened.Lists.Empty();
         listsHereAlone = ownLists && (reading.Refusal || !MakeOptionFile(opened));
         ClearUnreadInputs(opened, reading);
     }
-    ShowOpenedVdr810(file, opened, reading);
+    if (reading.Refusal) {
+        known.Origin = FileOrigin::Part;
+    }
+    ShowOpenedVdr810(file, opened, reading, known);
     listsHereAlone_ = listsHereAlone;
 }
 
-void Editor::ShowOpenedVdr810(const ChosenFile& file, const LogicConfig& opened,
-                              const Vdr810Reading& reading) {
+void Editor::ShowOpenedVdr810(const ChosenFile& file, const LogicConfig& opened, const Vdr810Reading& reading,
+                              const LogicFile& known) {
     config_ = opened;
     config_.FilePath = file.Path;
     config_.FileTitle = file.Title;
     vdr810Choice_.Version = config_.Vdr810.SettingsVersion;
     vdr810Choice_.Options = config_.Vdr810.Options;
-    ShowNewLogic();
+    ShowNewLogic(known);
     if (reading.Refusal) {
         // Under its own name one press of Save would replace a file by what could be read of it.
         NameNewFile();

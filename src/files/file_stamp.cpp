@@ -22,6 +22,12 @@ bool HashContent(const FileSystem& files, const std::string& path, std::uint64_t
     return true;
 }
 
+bool IsContentOf(const FileStamp& stamp, const FileStatus& now, std::uint64_t hash) {
+    const bool asBefore =
+        now.Type == stamp.Status.Type && now.Size == stamp.Status.Size && hash == stamp.Hash;
+    return asBefore || hash == stamp.Attempted;
+}
+
 /// Runs `read`, which fills `bytes`, between the questions that make the stamp.
 template<class Reading>
 FileError ReadStamped(const FileSystem& files, const std::string& path, const std::string& bytes,
@@ -32,7 +38,7 @@ FileError ReadStamped(const FileSystem& files, const std::string& path, const st
         error = read();
     }
     if (!error.Failed()) {
-        stamp = {status, HashOfBytes(bytes)};
+        stamp = {status, HashOfBytes(bytes), {}};
     }
     return error;
 }
@@ -72,37 +78,42 @@ FileStamp StampOfWritten(const FileSystem& files, const std::string& path, std::
 
 FileStamp StampNow(const FileSystem& files, const std::string& path) {
     FileStamp stamp;
-    files.Status(path, stamp.Status);
-    if (stamp.Status.Type == FileType::Regular) {
-        HashContent(files, path, stamp.Hash);
+    if (files.Status(path, stamp.Status).Failed() ||
+        (stamp.Status.Type == FileType::Regular && !HashContent(files, path, stamp.Hash))) {
+        stamp.Status.Type = FileType::Other;
     }
     return stamp;
 }
 
 FileChange ChangeSince(const FileSystem& files, const std::string& path, const FileStamp& stamp) {
     FileStatus now;
-    if (files.Status(path, now).Failed()) {
+    const FileType before = stamp.Status.Type;
+    if (files.Status(path, now).Failed() || (before != FileType::Regular && before != FileType::Absent)) {
         return FileChange::None;
     }
     if (now.Type == FileType::Absent) {
-        return stamp.Status.Type == FileType::Absent ? FileChange::None : FileChange::Gone;
-    }
-    if (now.Type != stamp.Status.Type) {
-        return FileChange::Changed;
+        return before == FileType::Absent ? FileChange::None : FileChange::Gone;
     }
     if (now.Type != FileType::Regular) {
-        return FileChange::None; // what was written to a device is gone, and nothing there can be lost
+        return FileChange::None; // nothing that a save replaces: its failure tells what is there
     }
-    std::uint64_t hash = stamp.Hash;
-    const bool changed =
-        now.Size != stamp.Status.Size || (HashContent(files, path, hash) && hash != stamp.Hash);
-    return changed ? FileChange::Changed : FileChange::None;
+    std::uint64_t hash = 0;
+    const bool same =
+        HashContent(files, path, hash) ? IsContentOf(stamp, now, hash) : SameState(now, stamp.Status);
+    return same ? FileChange::None : FileChange::Changed;
 }
 
-FileChange ChangeAtAGlance(const FileSystem& files, const std::string& path, const FileStamp& stamp) {
+FileChange ChangeAtAGlance(const FileSystem& files, const std::string& path, FileStamp& stamp) {
     FileStatus now;
     const bool known = !files.Status(path, now).Failed();
-    return known && SameState(now, stamp.Status) ? FileChange::None : ChangeSince(files, path, stamp);
+    if (known && SameState(now, stamp.Status)) {
+        return FileChange::None;
+    }
+    const FileChange change = ChangeSince(files, path, stamp);
+    if (known && change == FileChange::None && now.Type == FileType::Regular) {
+        stamp.Status = now;
+    }
+    return change;
 }
 
 } // namespace brindle

@@ -3,8 +3,8 @@
 #include "platform/file_error.h"
 #include "platform/file_system.h"
 
-#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,6 +20,8 @@ std::uint64_t HashOfBytes(std::string_view bytes);
 struct FileStamp {
     FileStatus Status;
     std::uint64_t Hash = 0; ///< of the content, as far as GreatestTextSize; 0 unless it is a regular file
+    /// The hash of what was to be written, when that failed: it may have come to stand there all the same.
+    std::optional<std::uint64_t> Attempted;
 };
 
 enum class FileChange {
@@ -40,15 +42,18 @@ FileError ReadStampedText(const FileSystem& files, const std::string& path, std:
 /// The state of a file that has just been written with `bytes`.
 FileStamp StampOfWritten(const FileSystem& files, const std::string& path, std::string_view bytes);
 
-/// The state of what is at `path` now, whatever it is. What cannot be looked at has the hash 0.
+/// The state of what is at `path` now, whatever it is. What cannot be looked at is of type Other: nothing is
+/// known of it.
 FileStamp StampNow(const FileSystem& files, const std::string& path);
 
 /// What has become of the file at `path` since `stamp`. Its content is read in any case: two changes within
 /// one tick of a disk's clock look alike otherwise. A file that says nothing of itself, because it cannot be
-/// looked at or read, has not changed for all that is known.
+/// looked at, has not changed for all that is known, nor has one of which the stamp knows nothing; one that
+/// cannot be read has changed when the system tells other things of it than before.
 FileChange ChangeSince(const FileSystem& files, const std::string& path, const FileStamp& stamp);
 
-/// The same, quicker: a file of which the system tells what it told before is taken for unchanged.
-FileChange ChangeAtAGlance(const FileSystem& files, const std::string& path, const FileStamp& stamp);
+/// The same, quicker: a file of which the system tells what it told before is taken for unchanged. What it
+/// tells of an unchanged file from now on enters `stamp`.
+FileChange ChangeAtAGlance(const FileSystem& files, const std::string& path, FileStamp& stamp);
 
 } // namespace brindle

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -169,8 +168,7 @@ std::string_view FlagWord(Bool16 flag) {
 } // namespace
 
 std::string OptionFileName(double version, int options) {
-    constexpr double perUnit = 100;
-    return NamePart("PLC", std::lround(version * perUnit)) + NamePart("_OPT", options) + ".810";
+    return NamePart("PLC", VersionHundredths(version)) + NamePart("_OPT", options) + ".810";
 }
 
 namespace {
@@ -248,16 +246,12 @@ FileError WriteOptionFile(const FileSystem& files, const std::string& folder, co
     return ReplaceWholeFile(files, path, EncodeOptionFile(config));
 }
 
-FileError TakeLists(LogicConfig& config, const OptionFile& option, const std::string& source) {
-    if (option.Head.Signals != config.Coding.InvertBase) {
-        return MakeFileError(SubscriptError, source + ", " + std::to_string(option.Head.Signals) +
-                                                 " signals where the logic has " +
-                                                 std::to_string(config.Coding.InvertBase));
-    }
+void TakeLists(LogicConfig& config, const OptionFile& option) {
     Vdr810Lists lists = option.Lists; // apart: memory may run out
-    config.Coding.FalseCode = option.Unconnected;
+    if (option.Unconnected < config.Coding.InvertBase) {
+        config.Coding.FalseCode = option.Unconnected;
+    }
     config.Lists = std::move(lists);
-    return {};
 }
 
 void MakeNewVdr810(LogicConfig& config, const OptionFile& option) {

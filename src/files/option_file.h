@@ -19,8 +19,8 @@ struct OptionFile {
     Vdr810Lists Lists;
 };
 
-/// "PLC00230_OPT00012.810": version times 100 and options number in five digits. A number of five digits and
-/// more stands without the letters before it.
+/// "PLC00230_OPT00012.810": version, as it is written, times 100 and options number in five digits. A number
+/// of five digits and more stands without the letters before it.
 std::string OptionFileName(double version, int options);
 
 /// Reads the option file at `path`. One that is malformed is refused whole: TypeMismatchError where a number
@@ -38,10 +38,10 @@ std::string EncodeOptionFile(const LogicConfig& config);
 /// Writes the option file of a logic into `folder` unless a file of its name is there.
 FileError WriteOptionFile(const FileSystem& files, const std::string& folder, const LogicConfig& config);
 
-/// Gives a logic the unconnected signal and the lists of its option file; its own head holds. A file that
-/// counts another number of signals would turn signals into others: SubscriptError, and the logic keeps what
-/// it has.
-FileError TakeLists(LogicConfig& config, const OptionFile& option, const std::string& source);
+/// Gives a logic the lists of its option file and its unconnected signal; the logic's own head holds. A
+/// number for the unconnected signal that the logic does not have, as a file that counts more signals may
+/// bring, is not taken.
+void TakeLists(LogicConfig& config, const OptionFile& option);
 
 /// Makes `config` a new, empty logic of an option file: head, lists, every input unconnected. File path,
 /// title and `Modified` are the caller's.

@@ -2,14 +2,13 @@
 
 #include "files/option_file.h"
 #include "files/text_fields.h"
-#include "files/whole_file.h"
+#include "files/vdr810_head.h"
 #include "model/number_text.h"
 #include "platform/ascii.h"
 #include "platform/memory_guard.h"
 #include "platform/paths.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string_view>
 
 namespace brindle {
@@ -37,7 +36,7 @@ std::int32_t NumberOf(std::string_view digits) {
 } // namespace
 
 const PlcFolderEntry* PlcFolder::Find(double version, int options) const {
-    const long wanted = std::lround(version * VersionUnit);
+    const long wanted = VersionHundredths(version);
     const auto found = std::find_if(Entries.begin(), Entries.end(), [&](const PlcFolderEntry& entry) {
         return NumberOf(entry.VersionText) == wanted && entry.Options == options;
     });
@@ -87,45 +86,40 @@ PlcFolder ScanPlcFolder(const FolderFunctions& folders, const std::string& folde
     return scanned;
 }
 
-FileError DecodeEntry(const PlcFolderEntry& entry, std::string_view text, const std::string& source,
-                      OptionFile& option) {
-    OptionFile read;
-    FileError error = DecodeOptionFile(text, source, read);
-    if (error.Failed()) {
-        return error;
+std::vector<std::string> OptionFileMisfits(const PlcFolderEntry& entry, const OptionFile& option,
+                                           std::int32_t signalCount) {
+    std::vector<std::string> misfits;
+    const std::string file = "The option file " + entry.Name;
+    const Vdr810Head& head = option.Head;
+    if (VersionHundredths(head.SettingsVersion) != NumberOf(entry.VersionText) ||
+        head.Options != entry.Options) {
+        misfits.push_back(file + " says in its head that it is of version " +
+                          FormatFixed(head.SettingsVersion, 2) + " and options " +
+                          std::to_string(head.Options) + ".");
     }
-    const bool named = std::lround(read.Head.SettingsVersion * VersionUnit) == NumberOf(entry.VersionText) &&
-                       read.Head.Options == entry.Options;
-    if (!named) {
-        return MakeFileError(SubscriptError, source + ", header of version " +
-                                                 FormatFixed(read.Head.SettingsVersion, 2) + " and options " +
-                                                 std::to_string(read.Head.Options));
+    if (head.Signals != signalCount) {
+        misfits.push_back(file + " counts " + std::to_string(head.Signals) + " signals, this logic " +
+                          std::to_string(signalCount) + ".");
     }
-    option = std::move(read);
-    return {};
+    return misfits;
 }
 
-FileError ReadEntry(const FileSystem& files, const PlcFolder& folder, const PlcFolderEntry& entry,
-                    OptionFile& option) {
-    return TellLackOfMemory([&] {
-        const std::string path = JoinPath(folder.Path, entry.Name);
-        std::string text;
-        FileError error = ReadWholeText(files, path, text);
-        return error.Failed() ? error : DecodeEntry(entry, text, "read " + path, option);
-    });
-}
-
-FileError LoadLists(const FileSystem& files, const PlcFolder& folder, LogicConfig& config, bool& found) {
+FileError LoadLists(const FileSystem& files, const PlcFolder& folder, LogicConfig& config,
+                    LoadedLists& loaded) {
+    loaded = {};
     const PlcFolderEntry* entry = folder.Find(config.Vdr810.SettingsVersion, config.Vdr810.Options);
-    found = entry != nullptr;
-    if (!found) {
+    if (entry == nullptr) {
         return {};
     }
+    loaded.Found = true;
     return TellLackOfMemory([&] {
         OptionFile option;
-        FileError error = ReadEntry(files, folder, *entry, option);
-        return error.Failed() ? error
-                              : TakeLists(config, option, "read " + JoinPath(folder.Path, entry->Name));
+        FileError error = ReadOptionFile(files, JoinPath(folder.Path, entry->Name), option);
+        if (!error.Failed()) {
+            loaded.Misfits = OptionFileMisfits(*entry, option, config.Coding.InvertBase);
+            TakeLists(config, option);
+        }
+        return error;
     });
 }
 

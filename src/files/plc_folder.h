@@ -43,18 +43,20 @@ struct PlcFolder {
 /// others, and options numbers above 32767, are none. A folder that cannot be read is empty.
 PlcFolder ScanPlcFolder(const FolderFunctions& folders, const std::string& folder);
 
-/// Reads the option file of an entry. One whose header tells another version or options number than its name
-/// is refused like a malformed one: SubscriptError.
-FileError ReadEntry(const FileSystem& files, const PlcFolder& folder, const PlcFolderEntry& entry,
-                    OptionFile& option);
+/// Where the option file of an entry does not fit: its head says another version or options number than its
+/// name, or counts another number of signals than the logic, which has `signalCount`. A sentence each.
+std::vector<std::string> OptionFileMisfits(const PlcFolderEntry& entry, const OptionFile& option,
+                                           std::int32_t signalCount);
 
-/// The same from the text of the file; `source` names it in an error.
-FileError DecodeEntry(const PlcFolderEntry& entry, std::string_view text, const std::string& source,
-                      OptionFile& option);
+/// What a logic got from its option file.
+struct LoadedLists {
+    bool Found = false;               ///< the folder has such a file
+    std::vector<std::string> Misfits; ///< as OptionFileMisfits tells them
+};
 
 /// Gives a VDR810 logic the unconnected signal and the lists of the option file of its version and options
-/// number. Without such a file `found` is false and the logic keeps what it has, as it does when the file
-/// cannot be read.
-FileError LoadLists(const FileSystem& files, const PlcFolder& folder, LogicConfig& config, bool& found);
+/// number. Without such a file, and when it cannot be read, the logic keeps what it has.
+FileError LoadLists(const FileSystem& files, const PlcFolder& folder, LogicConfig& config,
+                    LoadedLists& loaded);
 
 } // namespace brindle

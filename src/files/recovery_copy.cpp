@@ -88,9 +88,11 @@ std::optional<LogicConfig> DecodeVdr810Logic(std::string_view logic) {
     const bool read = parts.TakeBlock("text", text) && parts.TakeBlock("option", lists) &&
                       parts.Rest().empty() && !DecodeOptionFile(lists, "recovery copy", option).Failed() &&
                       DecodeVdr810(text, "recovery copy", config).Done();
-    if (!read || TakeLists(config, option, "recovery copy").Failed()) {
-        return {};
+    if (!read || option.Head.Signals != config.Coding.InvertBase) {
+        return {}; // both parts were made of one logic
     }
+    config.Coding.FalseCode = option.Unconnected;
+    config.Lists = option.Lists;
     return config;
 }
 

@@ -3,6 +3,7 @@
 #include "model/number_text.h"
 #include "model/output_map.h"
 
+#include <charconv>
 #include <string_view>
 
 namespace brindle {
@@ -112,6 +113,14 @@ FileError ReadVdr810Head(TextCursor& text, const std::string& source, Vdr810Head
     }
     head = read;
     return {};
+}
+
+long VersionHundredths(double version) {
+    std::string digits = FormatFixed(version, 2);
+    digits.erase(digits.find('.'), 1);
+    long hundredths = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), hundredths);
+    return hundredths;
 }
 
 Vdr810Head HeadOf(const LogicConfig& config) {

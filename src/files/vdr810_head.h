@@ -40,6 +40,9 @@ int ErrorOfNumber(NumberFault fault);
 /// early InputPastEndError; `source` names the file in the error. On failure `head` is unchanged.
 FileError ReadVdr810Head(TextCursor& text, const std::string& source, Vdr810Head& head);
 
+/// A settings file version in hundredths, as a file has it: rounded to the two decimals that are written.
+long VersionHundredths(double version);
+
 /// The head of a logic, the lists counted as its header counts them.
 Vdr810Head HeadOf(const LogicConfig& config);
 

@@ -4,6 +4,7 @@
 #include "platform/normal_pointer.h"
 
 #include <QMessageBox>
+#include <QPushButton>
 
 #include <vector>
 
@@ -14,6 +15,7 @@ namespace {
 struct ButtonChoice {
     QMessageBox::StandardButton Button;
     MessageAnswer Answer;
+    const char* Caption = nullptr; ///< instead of the system's
 };
 
 /// The buttons of a box, first the default one, last the one that Escape and the close box press.
@@ -29,6 +31,10 @@ std::vector<ButtonChoice> ChoicesOf(MessageButtons buttons) {
         return {yes, no};
     case MessageButtons::YesNoCancel:
         return {yes, no, cancel};
+    case MessageButtons::SaveAsOverwriteCancel:
+        return {{QMessageBox::Save, MessageAnswer::SaveAs, "Save &As..."},
+                {QMessageBox::Discard, MessageAnswer::Overwrite, "&Overwrite"},
+                cancel};
     case MessageButtons::RetryCancel:
         return {{QMessageBox::Retry, MessageAnswer::Retry}, cancel};
     case MessageButtons::Ok:
@@ -59,7 +65,10 @@ MessageAnswer ShowQtMessageBox(QWidget* parent, const MessageBox& box) {
     const std::vector<ButtonChoice> choices = ChoicesOf(box.Buttons);
     const MessageAnswer usual = box.Default.value_or(choices.front().Answer);
     for (const ButtonChoice& choice : choices) {
-        window.addButton(choice.Button);
+        QPushButton* button = window.addButton(choice.Button);
+        if (choice.Caption != nullptr) {
+            button->setText(QString::fromLatin1(choice.Caption));
+        }
         if (choice.Answer == usual) {
             window.setDefaultButton(choice.Button);
         }

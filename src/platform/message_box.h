@@ -7,8 +7,8 @@
 namespace brindle {
 
 enum class MessageIcon { None, Exclamation, CriticalStop };
-enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel };
-enum class MessageAnswer { Ok, Cancel, Yes, No, Retry, Abort, Ignore };
+enum class MessageButtons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel, SaveAsOverwriteCancel };
+enum class MessageAnswer { Ok, Cancel, Yes, No, Retry, Abort, Ignore, SaveAs, Overwrite };
 
 /// The title of a box that names none: the program's name.
 inline constexpr const char* DefaultMessageTitle = "Brindle";

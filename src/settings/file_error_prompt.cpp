@@ -61,6 +61,9 @@ FileAction FileErrorPrompt(int errorNumber, const ShowMessageBox& showMessageBox
     case MessageAnswer::Abort:
     case MessageAnswer::No:
         return FileAction::GiveUp;
+    case MessageAnswer::SaveAs:
+    case MessageAnswer::Overwrite:
+        break; // buttons that no box of the table has
     }
     return FileAction::NotRecognised;
 }

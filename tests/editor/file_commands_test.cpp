@@ -133,9 +133,9 @@ TEST_F(FileCommands, AShortFileIsToldAboutAfterLoading) {
     Harness.ChooseFile("/data", "short.pl");
     Harness->mnuOpenBin_Click();
     EXPECT_EQ(Config().FileTitle, "short.pl");
-    ASSERT_EQ(Harness.Boxes.size(), 1U);
-    EXPECT_NE(Harness.Boxes[0].Text.find("200"), std::string::npos);
-    EXPECT_EQ(Harness.Boxes[0].Icon, MessageIcon::Exclamation);
+    EXPECT_TRUE(Harness.Boxes.empty());
+    ASSERT_EQ(Harness.ShownStatus.size(), 1U);
+    EXPECT_NE(Harness.ShownStatus[0].find("200"), std::string::npos);
     EXPECT_EQ(Harness->View().Inputs[0].Text, "51P TRIP");
 }
 
@@ -143,6 +143,7 @@ TEST_F(FileCommands, ALongFileIsReadWithoutItsRestAndSavedWithoutIt) {
     Harness.Files["/data/x.pl"] += "more";
     OpenX();
     EXPECT_TRUE(Harness.Boxes.empty());
+    Harness.AnswerBox(MessageAnswer::Overwrite);
     Harness->mnuFileSave_Click();
     EXPECT_EQ(Harness.Files["/data/x.pl"], ProgramBytes(Version100, 33));
 }
@@ -185,7 +186,7 @@ TEST_F(FileCommands, ANamedFileIsOpenedWithoutADialogAfterTheQuestion) {
 TEST_F(FileCommands, SaveWritesTheSameBytesBackWithoutAsking) {
     OpenX();
     Harness->EditConfig().Modified = true;
-    Harness.Files["/data/x.pl"].clear();
+    Harness.Files.erase("/data/x.pl");
     Harness->mnuFileSave_Click();
     EXPECT_EQ(Harness.Files["/data/x.pl"], ProgramBytes(Version100, 33));
     EXPECT_FALSE(Config().Modified);

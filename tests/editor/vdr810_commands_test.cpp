@@ -89,7 +89,7 @@ TEST_F(Vdr810Commands, OpenShowsTheFileWithTheSignalsOfItsOptionFile) {
 TEST_F(Vdr810Commands, OpeningAndSavingKeepsTheBytes) {
     const std::string before = Harness.Files["/data/x.c10"];
     Open("/data/x.c10");
-    Harness.Files["/data/x.c10"].clear();
+    Harness.Files.erase("/data/x.c10");
     Harness->mnuFileSave_Click();
     EXPECT_EQ(Harness.Files["/data/x.c10"], before);
     EXPECT_FALSE(Config().Modified);

@@ -70,27 +70,37 @@ TEST_F(Vdr810Commands, AMalformedOptionFileLeavesTheListsOfTheLogicFile) {
     EXPECT_EQ(Config().FilePath, "/data/x.c10");
 }
 
-TEST_F(Vdr810Commands, AnOptionFileThatCountsOtherSignalsIsToldOfAndNotTaken) {
+TEST_F(Vdr810Commands, AnOptionFileThatCountsOtherSignalsIsUsedAndToldAtTheFoot) {
     LogicConfig other = SchemeLists(2.3, 12);
     other.Coding.InvertBase = 400;
     Harness.Files[Option230] = EncodeOptionFile(other);
     Open("/data/x.c10");
-    ASSERT_EQ(Harness.Boxes.size(), 1U);
-    EXPECT_EQ(Harness.Boxes[0].Text, "There was an error trying to open the File.\r\nError number: "
-                                     "9\r\nError description: Subscript out of "
-                                     "range\r\nError Source: read /opt/brindle/PLC00230_OPT00012.810, 400 "
-                                     "signals where the logic has 256");
-    EXPECT_TRUE(Config().Lists.Empty());
-    EXPECT_EQ(Config().Coding.FalseCode, 255);
+    EXPECT_TRUE(Harness.Boxes.empty());
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "Z1P");
+    EXPECT_EQ(Config().Coding.InvertBase, 256);
+    EXPECT_EQ(Harness.ShownStatus,
+              (std::vector<std::string>{
+                  "The option file PLC00230_OPT00012.810 counts 400 signals, this logic 256."}));
+    Harness->mnuFileSave_Click();
+    EXPECT_EQ(Harness.ShownStatus.size(), 1U) << "a save does not mend it";
+    Harness->mnuNewFileVer230_Click();
+    EXPECT_TRUE(Harness.ShownStatus.empty());
 }
 
-TEST_F(Vdr810Commands, AnOptionFileOfAnotherVersionThanItsNameIsRefused) {
+TEST_F(Vdr810Commands, AnOptionFileOfAnotherVersionThanItsNameIsUsedForWhatItsNameSays) {
     Harness.Files[Option230] = SchemeOptionFile(1.0, 0);
     Harness->mnuFileNewVdr810_Click();
-    ASSERT_EQ(Harness.Boxes.size(), 1U);
-    EXPECT_NE(Harness.Boxes[0].Text.find("PLC00230_OPT00012.810, header of version 1.00 and options 0"),
-              std::string::npos);
-    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr812);
+    EXPECT_TRUE(Harness.Boxes.empty());
+    EXPECT_EQ(Config().RelayModel, RelayKind::Vdr810);
+    EXPECT_EQ(Config().Vdr810.SettingsVersion, 2.3);
+    EXPECT_EQ(Config().Version, 2.3F);
+    EXPECT_EQ(Config().Vdr810.Options, 12);
+    EXPECT_EQ(Harness.ShownStatus, (std::vector<std::string>{
+                                       "The option file PLC00230_OPT00012.810 says in its head that it is of "
+                                       "version 1.00 and options 0."}));
+    Open("/data/x.c10");
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "Z1P");
+    EXPECT_EQ(Harness.ShownStatus.size(), 1U);
 }
 
 /// A logic file with lists of its own beside an option file that cannot be read.
@@ -110,9 +120,9 @@ TEST_F(Vdr810ListsHereAlone, SaveAsksBeforeItLeavesThemOut) {
     ASSERT_EQ(Harness.Boxes.size(), 1U);
     EXPECT_EQ(Harness.Boxes[0].Text, "The names of signals that this file brought along are in no option "
                                      "file: PLC00230_OPT00012.810 could not "
-                                     "be made or read.  A logic file is saved without them.\r\nSelect OK to "
-                                     "save without the names.  To abort "
-                                     "press cancel.");
+                                     "be made or read, or its name is none that is looked for.  A logic file "
+                                     "is saved without them.\r\nSelect OK to save without the names.  To "
+                                     "abort press cancel.");
     EXPECT_EQ(Harness.Files["/data/x.c10"], before);
     Harness.AnswerBox(MessageAnswer::Ok);
     Harness->mnuFileSave_Click();
@@ -125,6 +135,49 @@ TEST_F(Vdr810ListsHereAlone, SaveMakesTheOptionFileWhenItCanNow) {
     Harness->mnuFileSave_Click();
     EXPECT_TRUE(HasFile(Option230));
     EXPECT_TRUE(Harness.Boxes.empty());
+}
+
+/// Saves a logic with lists of its own, whose head is of that version and options number, and opens it again.
+struct Vdr810NamesKept : Vdr810Commands {
+    void OpenWithOwnLists(double version, std::int16_t options) {
+        Harness.Files["/data/own.c10"] =
+            SchemeLogicFile(version, options) + "<LABEL INFO>\r\n3,20,OWN\r\n3,255,FALSE\r\n";
+        Open("/data/own.c10");
+        ASSERT_EQ(Harness->View().Inputs[4].Text, "OWN");
+    }
+
+    /// Save asks, and leaves the file with its names when the user does not agree.
+    void ExpectSaveAsks(const std::string& optionFile) {
+        const std::string before = Harness.Files["/data/own.c10"];
+        Harness.AnswerBox(MessageAnswer::Cancel);
+        Harness->mnuFileSave_Click();
+        ASSERT_EQ(Harness.Boxes.size(), 1U);
+        EXPECT_NE(Harness.Boxes[0].Text.find(optionFile), std::string::npos) << Harness.Boxes[0].Text;
+        EXPECT_EQ(Harness.Files["/data/own.c10"], before);
+    }
+};
+
+TEST_F(Vdr810NamesKept, AnOptionsNumberOfFiveDigitsNamesAFileThatNoOpeningFinds) {
+    OpenWithOwnLists(2.3, 12345);
+    ExpectSaveAsks("PLC0023012345.810");
+}
+
+TEST_F(Vdr810NamesKept, AVersionOfAHundredNamesAFileThatNoOpeningFinds) {
+    OpenWithOwnLists(100, 12);
+    ExpectSaveAsks("10000_OPT00012.810");
+}
+
+TEST_F(Vdr810NamesKept, AVersionBetweenTwoHundredthsFindsTheFileThatItWasWrittenTo) {
+    std::string text = SchemeLogicFile(2.12, 12) + "<LABEL INFO>\r\n3,20,OWN\r\n3,255,FALSE\r\n";
+    text.replace(text.find("2.12"), 4, "2.125");
+    Harness.Files["/data/own.c10"] = text;
+    Open("/data/own.c10");
+    EXPECT_TRUE(HasFile("/opt/brindle/PLC00212_OPT00012.810"));
+    Harness->mnuFileSave_Click();
+    EXPECT_TRUE(Harness.Boxes.empty());
+    Harness->mnuNewFileVer230_Click();
+    Open("/data/own.c10");
+    EXPECT_EQ(Harness->View().Inputs[4].Text, "OWN") << "the names are still there";
 }
 
 TEST_F(Vdr810Commands, AFileThatCannotMakeItsOptionFileOpensNevertheless) {

@@ -25,7 +25,7 @@ struct FileStamps : testing::Test {
 
     [[nodiscard]] FileChange Change() const { return ChangeSince(Files, Path, Stamp); }
 
-    [[nodiscard]] FileChange Glance() const { return ChangeAtAGlance(Files, Path, Stamp); }
+    FileChange Glance() { return ChangeAtAGlance(Files, Path, Stamp); }
 };
 
 TEST_F(FileStamps, AFileLeftAloneHasNotChanged) {
@@ -72,18 +72,42 @@ TEST_F(FileStamps, ADeletedFileIsGone) {
     EXPECT_EQ(Glance(), FileChange::Gone);
 }
 
-TEST_F(FileStamps, AFileThatTurnedIntoAFolderHasChanged) {
+TEST_F(FileStamps, AFolderInItsPlaceIsNothingThatASaveReplaces) {
     Disk.AddFolder(Path);
-    EXPECT_EQ(Change(), FileChange::Changed);
+    EXPECT_EQ(Change(), FileChange::None);
 }
 
-TEST_F(FileStamps, AFileThatCannotBeLookedAtOrReadSaysNothing) {
+TEST_F(FileStamps, AGlanceReadsATouchedFileOnce) {
+    Disk.AddFile(Path, "content");
+    EXPECT_EQ(Glance(), FileChange::None);
+    const std::size_t before = Disk.Log().size();
+    EXPECT_EQ(Glance(), FileChange::None);
+    EXPECT_EQ(Disk.Log().size() - before, 1U);
+}
+
+TEST_F(FileStamps, AFileThatCannotBeLookedAtSaysNothing) {
     Disk.AddFile(Path, "CONTENT");
-    Disk.FailAll("open", PermissionDeniedError);
-    EXPECT_EQ(Change(), FileChange::None);
     Disk.FailAll("status", DeviceUnavailableError);
     EXPECT_EQ(Change(), FileChange::None);
     EXPECT_EQ(Glance(), FileChange::None);
+}
+
+TEST_F(FileStamps, AFileThatCannotBeReadHasChangedWhenTheSystemTellsOtherThingsOfIt) {
+    Disk.FailAll("open", PermissionDeniedError);
+    EXPECT_EQ(Change(), FileChange::None);
+    Disk.AddFile(Path, "CONTENT");
+    EXPECT_EQ(Change(), FileChange::Changed);
+}
+
+TEST_F(FileStamps, OfAFileThatCouldNotBeLookedAtNothingIsKnown) {
+    Disk.FailAll("status", DeviceUnavailableError);
+    Stamp = StampNow(Files, Path);
+    Disk.FailNoMore();
+    EXPECT_EQ(Change(), FileChange::None);
+    Disk.FailAll("open", PermissionDeniedError);
+    Stamp = StampNow(Files, Path);
+    Disk.FailNoMore();
+    EXPECT_EQ(Change(), FileChange::None);
 }
 
 TEST_F(FileStamps, AFileThatCannotBeReadButHasAnotherSizeHasChanged) {
@@ -127,6 +151,15 @@ TEST_F(FileStamps, WhatIsThereNowIsStampedByItsContent) {
     Stamp = StampNow(Files, Path);
     EXPECT_EQ(Change(), FileChange::None);
     Disk.AddFile(Path, "CONTENT");
+    EXPECT_EQ(Change(), FileChange::Changed);
+}
+
+TEST_F(FileStamps, WhatAFailedWriteBroughtIntoPlaceIsOurs) {
+    Stamp.Attempted = HashOfBytes("attempted");
+    EXPECT_EQ(Change(), FileChange::None) << "the old content";
+    Disk.AddFile(Path, "attempted");
+    EXPECT_EQ(Change(), FileChange::None);
+    Disk.AddFile(Path, "ATTEMPTED");
     EXPECT_EQ(Change(), FileChange::Changed);
 }
 

@@ -134,46 +134,50 @@ TEST(PlcFolder, IsReadFromARealFolder) {
     EXPECT_TRUE(ScanPlcFolder(RealFolders(), folder.Path("none")).Entries.empty());
 }
 
-TEST(ReadEntry, AHeadOfAnotherVersionOrOptionsThanTheNameIsRefused) {
+TEST(PlcFolder, TheVersionThatIsWrittenNamesTheFileAndFindsIt) {
+    // A tie between two hundredths is written with the even one.
+    EXPECT_EQ("PLC00212_OPT00012.810", OptionFileName(2.125, 12));
+    EXPECT_NE(nullptr, FolderOf({"PLC00212_OPT00012.810"}).Find(2.125, 12));
+    EXPECT_EQ(nullptr, FolderOf({"PLC00213_OPT00012.810"}).Find(2.125, 12));
+}
+
+std::vector<std::string> MisfitsOf(int number, const std::string& value, std::int32_t signalCount = 256) {
     const PlcFolderEntry entry = FolderOf({"PLC00230_OPT00012.810"}).Entries.at(0);
-    const auto decode = [&entry](int number, const std::string& value) {
-        const std::string text =
-            Vdr810Text().Value(8, "0").Value(9, "0").Value(number, value).Line(" 99").Text();
-        OptionFile option;
-        FileError error = DecodeEntry(entry, text, "read x.810", option);
-        EXPECT_EQ(error.Failed(), option.Unconnected == 0);
-        return error;
-    };
-    EXPECT_FALSE(decode(1, "LINE 8").Failed());
-    EXPECT_FALSE(decode(3, "2.304").Failed()) << "a name holds hundredths";
-    EXPECT_EQ(SubscriptError, decode(3, "2.31").Number);
-    EXPECT_EQ("read x.810, header of version 2.31 and options 12", decode(3, "2.31").Source);
-    EXPECT_EQ("read x.810, header of version 2.30 and options 13", decode(4, "13").Source);
-    EXPECT_EQ(TypeMismatchError, decode(4, "x").Number);
-}
-
-TEST(ReadEntry, IsReadFromTheFolder) {
-    FakeFileSystem disk;
-    disk.AddFolder("/plc");
-    disk.AddFile("/plc/PLC00230_OPT00012.810", OptionOfLabel("A"));
-    const PlcFolder folder = FolderOf({"PLC00230_OPT00012.810", "PLC00230_OPT00013.810"});
+    const std::string text = Vdr810Text().Value(8, "0").Value(9, "0").Value(number, value).Line(" 99").Text();
     OptionFile option;
-    EXPECT_FALSE(ReadEntry(disk.Operations(), folder, folder.Entries.at(0), option).Failed());
-    EXPECT_EQ("A", option.Lists.Labels.at(0).Name);
-    EXPECT_EQ(FileNotFoundError, ReadEntry(disk.Operations(), folder, folder.Entries.at(1), option).Number);
+    EXPECT_FALSE(DecodeOptionFile(text, "read x.810", option).Failed());
+    return OptionFileMisfits(entry, option, signalCount);
 }
 
-TEST(LoadLists, AnotherNumberOfSignalsLeavesTheLogicItsOwn) {
+TEST(OptionFileMisfits, AFileOfItsNamesVersionAndOptionsFits) {
+    EXPECT_TRUE(MisfitsOf(1, "LINE 8").empty());
+    EXPECT_TRUE(MisfitsOf(3, "2.304").empty()) << "a name holds hundredths";
+}
+
+TEST(OptionFileMisfits, AHeadOfAnotherVersionOrOptionsThanTheNameIsTold) {
+    const std::string file = "The option file PLC00230_OPT00012.810 says in its head that it is of version ";
+    EXPECT_EQ(std::vector<std::string>{file + "2.31 and options 12."}, MisfitsOf(3, "2.31"));
+    EXPECT_EQ(std::vector<std::string>{file + "2.30 and options 13."}, MisfitsOf(4, "13"));
+}
+
+TEST(OptionFileMisfits, AnotherNumberOfSignalsThanTheLogicHasIsTold) {
+    EXPECT_EQ(std::vector<std::string>{"The option file PLC00230_OPT00012.810 counts 300 signals, this logic "
+                                       "256."},
+              MisfitsOf(10, "300"));
+    EXPECT_EQ(1U, MisfitsOf(1, "LINE 8", 255).size());
+}
+
+TEST(LoadLists, AFileThatCountsOtherSignalsIsUsedAndToldOf) {
     FakeFileSystem disk;
     disk.AddFolder("/plc");
     disk.AddFile("/plc/PLC00230_OPT00012.810", OptionOfLabel("A"));
     LogicConfig config = ReadText(Vdr810Text().Value(10, "300").Text()).Config;
-    const LogicConfig before = config;
-    bool found = false;
-    const FileError error = LoadLists(disk.Operations(), FolderOf({"PLC00230_OPT00012.810"}), config, found);
-    EXPECT_EQ(SubscriptError, error.Number);
-    EXPECT_EQ("read /plc/PLC00230_OPT00012.810, 256 signals where the logic has 300", error.Source);
-    EXPECT_TRUE(SameVdr810(before, config));
+    LoadedLists loaded;
+    EXPECT_FALSE(LoadLists(disk.Operations(), FolderOf({"PLC00230_OPT00012.810"}), config, loaded).Failed());
+    EXPECT_TRUE(loaded.Found);
+    EXPECT_EQ(1U, loaded.Misfits.size());
+    EXPECT_EQ("A", config.Lists.Labels.at(0).Name);
+    EXPECT_EQ(300, config.Coding.InvertBase) << "its own head holds";
 }
 
 TEST(LoadLists, GivesALogicTheListsOfItsVersionAndOptions) {
@@ -183,9 +187,9 @@ TEST(LoadLists, GivesALogicTheListsOfItsVersionAndOptions) {
     disk.AddFile("/plc/PLC00230_OPT00013.810", OptionOfLabel("WRONG"));
     const PlcFolder folder = FolderOf({"PLC00230_OPT00013.810", "plc00230_opt00012.810"});
     LogicConfig config = ReadText(Vdr810Text().Text()).Config;
-    bool found = false;
-    EXPECT_FALSE(LoadLists(disk.Operations(), folder, config, found).Failed());
-    EXPECT_TRUE(found);
+    LoadedLists loaded;
+    EXPECT_FALSE(LoadLists(disk.Operations(), folder, config, loaded).Failed());
+    EXPECT_TRUE(loaded.Found);
     ASSERT_EQ(1U, config.Lists.Labels.size());
     EXPECT_EQ("RIGHT", config.Lists.Labels[0].Name);
     EXPECT_EQ(99, UnconnectedCode(config));
@@ -195,9 +199,9 @@ TEST(LoadLists, WithoutAnOptionFileTheLogicKeepsItsOwn) {
     FakeFileSystem disk;
     LogicConfig config = ReadText(Vdr810Text().Line("<LABEL INFO>").Line("1,104,FALSE").Text()).Config;
     const LogicConfig before = config;
-    bool found = true;
-    EXPECT_FALSE(LoadLists(disk.Operations(), FolderOf({"PLC00230_OPT00013.810"}), config, found).Failed());
-    EXPECT_FALSE(found);
+    LoadedLists loaded{true, {"of another logic"}};
+    EXPECT_FALSE(LoadLists(disk.Operations(), FolderOf({"PLC00230_OPT00013.810"}), config, loaded).Failed());
+    EXPECT_FALSE(loaded.Found);
     EXPECT_TRUE(SameVdr810(before, config));
     EXPECT_TRUE(disk.Log().empty());
 }
@@ -208,11 +212,11 @@ TEST(LoadLists, AMalformedOptionFileLeavesTheLogicItsOwn) {
     disk.AddFile("/plc/PLC00230_OPT00012.810", OptionOfLabel("A,B"));
     LogicConfig config = ReadText(Vdr810Text().Line("<LABEL INFO>").Line("1,104,FALSE").Text()).Config;
     const LogicConfig before = config;
-    bool found = false;
-    const FileError error = LoadLists(disk.Operations(), FolderOf({"PLC00230_OPT00012.810"}), config, found);
+    LoadedLists loaded;
+    const FileError error = LoadLists(disk.Operations(), FolderOf({"PLC00230_OPT00012.810"}), config, loaded);
     EXPECT_EQ(SubscriptError, error.Number);
     EXPECT_EQ("read /plc/PLC00230_OPT00012.810, line 2 after the unconnected signal", error.Source);
-    EXPECT_TRUE(found);
+    EXPECT_TRUE(loaded.Found);
     EXPECT_TRUE(SameVdr810(before, config));
 }
 

@@ -68,15 +68,40 @@ TEST_F(ChangedOutside, ADeletedFileIsMadeAnew) {
     ExpectSaved();
 }
 
-TEST_F(ChangedOutside, AReplacedFileIsReplacedByWhatIsShown) {
+TEST_F(ChangedOutside, AReplacedFileIsReplacedByWhatIsShownOnlyWhenTheUserSaysSo) {
+    const auto saveAndAnswer = [this](MessageAnswer answer) {
+        Harness->EditConfig().Modified = true;
+        Harness.AnswerBox(answer);
+        Save();
+        ASSERT_EQ(1U, Harness.Boxes.size());
+        EXPECT_EQ(MessageButtons::SaveAsOverwriteCancel, Harness.Boxes[0].Buttons);
+        Harness.Boxes.clear();
+    };
     Folder.Put("in/x.pl", "of another program");
-    Save();
+    saveAndAnswer(MessageAnswer::Cancel);
+    EXPECT_EQ("of another program", Folder.Content("in/x.pl"));
+    EXPECT_TRUE(Harness->Config().Modified);
+    saveAndAnswer(MessageAnswer::Overwrite);
     ExpectSaved();
     Folder.Put("other", "of another program");
     std::filesystem::rename(Folder.Path("other"), Folder.Path("in/x.pl"));
-    Harness->EditConfig().Modified = true;
+    saveAndAnswer(MessageAnswer::Overwrite);
+    ExpectSaved();
+}
+
+TEST_F(ChangedOutside, ATouchedFileIsSavedUnasked) {
+    std::filesystem::last_write_time(Folder.Path("in/x.pl"), std::filesystem::file_time_type::clock::now());
+    Harness->Form_Activate();
+    EXPECT_TRUE(Harness.ShownStatus.empty());
     Save();
     ExpectSaved();
+}
+
+TEST_F(ChangedOutside, AChangeIsToldWhenTheWindowBecomesActive) {
+    Folder.Put("in/x.pl", Old.substr(0, Old.size() - 1) + "x");
+    Harness->Form_Activate();
+    EXPECT_EQ(1U, Harness.ShownStatus.size());
+    EXPECT_TRUE(Harness.Boxes.empty());
 }
 
 TEST_F(ChangedOutside, AFileThatAnotherProgramReadsOrLocksIsSavedAndTheReaderSeesTheOldOneToItsEnd) {

@@ -89,8 +89,13 @@ struct ChangedLogic {
     std::string NewBytes;
 };
 
-/// How many operations of a save are made before it goes on to note the file in the settings.
-std::size_t OperationsOfSaving(const SaveCase& save) {
+/// The operations of a save before it goes on to note the file in the settings.
+struct SaveOperations {
+    std::size_t Looking = 0; ///< whether another program has changed the file, which a fault leaves unknown
+    std::size_t Saving = 0;  ///< these, and those that write
+};
+
+SaveOperations OperationsOfSaving(const SaveCase& save) {
     ChangedLogic editor(save.Opened);
     const std::size_t begin = editor.Disk.Log().size();
     save.Command(editor.Harness);
@@ -100,15 +105,25 @@ std::size_t OperationsOfSaving(const SaveCase& save) {
         log.begin() + static_cast<std::ptrdiff_t>(begin), log.end(),
         [](const std::string& record) { return record.find(SettingsPath) != std::string::npos; });
     EXPECT_NE(log.end(), first);
-    return static_cast<std::size_t>(first - log.begin()) - begin;
+    const auto follow = std::find_if(log.begin() + static_cast<std::ptrdiff_t>(begin), first,
+                                     [](const std::string& record) { return record.starts_with("follow "); });
+    EXPECT_NE(first, follow);
+    // The file's status is asked for before its links are followed; once it is written, it is asked for
+    // again.
+    return {static_cast<std::size_t>(follow - log.begin()) - begin - 1,
+            static_cast<std::size_t>(first - log.begin()) - begin - 1};
 }
 
 /// One save under one fault; the power may fail right after.
 class FaultyRun {
   public:
-    FaultyRun(const SaveCase& save, std::size_t operationsOfSaving, const Fault& fault, MessageAnswer answer)
-        : save_(save), fault_(fault), answer_(answer), editor_(save.Opened),
-          hitsLogic_(fault.Operation <= operationsOfSaving), old_(*editor_.Disk.Content(save.Target)) {}
+    FaultyRun(const SaveCase& save, const SaveOperations& operations, const Fault& fault,
+              MessageAnswer answer)
+        : save_(save), operations_(operations), fault_(fault), answer_(answer), editor_(save.Opened),
+          hitsLogic_(fault.Operation <= operations.Saving &&
+                     (fault.ForEver || fault.Operation > operations.Looking)),
+          hitsStamp_(!fault.ForEver && fault.Operation == operations.Saving + 1),
+          old_(*editor_.Disk.Content(save.Target)) {}
 
     /// False when the run was over before the operation that was to fail.
     bool Met() {
@@ -121,7 +136,10 @@ class FaultyRun {
         if (editor_.Disk.Log().size() < begin + fault_.Operation) {
             return false;
         }
-        const std::string& record = editor_.Disk.Log()[begin + fault_.Operation - 1];
+        // What fails for ever from the looking on is told of the first operation that writes.
+        const std::size_t made = editor_.Disk.Log().size() - begin;
+        const std::size_t told = std::min(std::max(fault_.Operation, operations_.Looking + 1), made);
+        const std::string& record = editor_.Disk.Log()[begin + told - 1];
         error_ = ErrorOfSave(record, fault_.Error);
         // A folder that takes no new file leaves the way of writing into the old one.
         wroteInPlace_ = !fault_.ForEver && error_ == PathAccessError &&
@@ -158,6 +176,10 @@ class FaultyRun {
 
     void CheckBoxes() const {
         const std::vector<MessageBox>& boxes = editor_.Harness.Boxes;
+        if (!hitsLogic_ && (hitsStamp_ || fault_.Operation <= operations_.Looking)) {
+            EXPECT_TRUE(boxes.empty());
+            return;
+        }
         if (!hitsLogic_) {
             ASSERT_EQ(1U, boxes.size());
             EXPECT_EQ(RecentFilesWarning, boxes[0].Text);
@@ -191,17 +213,20 @@ class FaultyRun {
     }
 
     const SaveCase& save_;
+    SaveOperations operations_;
     Fault fault_;
     MessageAnswer answer_;
     ChangedLogic editor_;
-    bool hitsLogic_;
+    bool hitsLogic_; ///< the writing of the file fails
+    bool hitsStamp_; ///< the question of its state once it is written
     std::string old_;
     int error_ = NoFileError;   ///< what the user is told of
     bool wroteInPlace_ = false; ///< the fault left a way in which the save went well
 };
 
 void SweepSave(const SaveCase& save) {
-    const std::size_t saving = OperationsOfSaving(save);
+    const SaveOperations operations = OperationsOfSaving(save);
+    const std::size_t saving = operations.Saving;
     std::size_t met = 0;
     const auto sweepAnswer = [&](const std::vector<int>& errors, MessageAnswer answer) {
         met += SweepFaults(errors, [&](const Fault& fault) {
@@ -210,7 +235,7 @@ void SweepSave(const SaveCase& save) {
                 return false;
             }
             SCOPED_TRACE(testing::Message() << fault);
-            FaultyRun run(save, saving, fault, answer);
+            FaultyRun run(save, operations, fault, answer);
             EXPECT_TRUE(run.Met());
             run.SaveAgain();
             return true;
@@ -223,7 +248,7 @@ void SweepSave(const SaveCase& save) {
     const auto sweepPowerFailure = [&](const std::vector<int>& errors, UnflushedNames names) {
         met += SweepFaults(errors, [&](const Fault& fault) {
             SCOPED_TRACE(testing::Message() << fault << ", then no power");
-            FaultyRun run(save, saving, fault, MessageAnswer::Cancel);
+            FaultyRun run(save, operations, fault, MessageAnswer::Cancel);
             const bool faultMet = run.Met();
             if (faultMet) {
                 run.LosePower(names);
@@ -298,7 +323,7 @@ TEST(SaveCommandUnderFaults, AFileThatAppearsInTheWayIsOverwrittenOnlyWhenTheUse
         ChangedLogic editor("/data/x.pl");
         const std::string old = *editor.Disk.Content("/data/x.pl");
         const std::size_t begin = editor.Disk.Log().size();
-        const std::size_t rename = OperationsOfSaving(SavesProgram) - 2;
+        const std::size_t rename = OperationsOfSaving(SavesProgram).Saving - 2;
         editor.Harness.AnswerBox(answer);
         editor.Disk.FailOnce(rename, FileAlreadyExistsError);
         editor.Harness->mnuFileSave_Click();

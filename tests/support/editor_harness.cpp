@@ -135,6 +135,7 @@ EditorWindow EditorHarness::LoggingWindow() {
     EditorWindow window;
     window.ShowHourglass = [this](bool busy) { Log.emplace_back(busy ? "hourglass on" : "hourglass off"); };
     window.ShowTitle = [this] { Log.emplace_back("title"); };
+    window.ShowStatus = [this] { ShownStatus = editor_->StatusNotices(); };
     window.ShowIdentity = [this] { Log.emplace_back("identity"); };
     window.ChooseVdr810Options = [this](Vdr810Options& options) {
         OfferedVersions = options.Versions();

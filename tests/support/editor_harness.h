@@ -49,6 +49,7 @@ class EditorHarness {
     /// What the user does in the options dialog; false, or none, cancels it.
     std::function<bool(Vdr810Options& options)> ChooseOptions;
     std::vector<std::string> OfferedVersions; ///< in the options dialog shown last
+    std::vector<std::string> ShownStatus;     ///< the sentences at the foot of the window
     std::vector<std::string> Log;             ///< what was asked of the window, in order
 
   private:

@@ -29,6 +29,8 @@ std::vector<MessageAnswer> AnswersOf(MessageButtons buttons) {
         return {MessageAnswer::Yes, MessageAnswer::No};
     case MessageButtons::YesNoCancel:
         return {MessageAnswer::Yes, MessageAnswer::No, MessageAnswer::Cancel};
+    case MessageButtons::SaveAsOverwriteCancel:
+        return {MessageAnswer::SaveAs, MessageAnswer::Overwrite, MessageAnswer::Cancel};
     case MessageButtons::RetryCancel:
         return {MessageAnswer::Retry, MessageAnswer::Cancel};
     case MessageButtons::Ok:

@@ -35,7 +35,8 @@ LogicConfig SchemeWithPickUp(int pickUp) {
 struct OpenWindow {
     std::unique_ptr<Editor> TheEditor;
     std::unique_ptr<formPLG> Window;
-    std::string Logic; ///< the bytes that saving it would write
+    std::string Logic;  ///< the bytes that saving it would write
+    std::string OnDisk; ///< what the file held when it was opened or saved here
     bool Modified = false;
 };
 
@@ -50,13 +51,16 @@ class TwoWindows : public testing::Test {
             surroundings.CommandLine = Path("scheme.pl");
             surroundings.ShowMessageBox = [this](const MessageBox& box) {
                 Told.insert(box.Text);
+                if (box.Buttons == MessageButtons::SaveAsOverwriteCancel) {
+                    return MessageAnswer::Overwrite;
+                }
                 return box.Buttons == MessageButtons::YesNoCancel ? MessageAnswer::No : MessageAnswer::Ok;
             };
             one.TheEditor = std::make_unique<Editor>(surroundings);
             one.TheEditor->Form_Initialize();
             one.Window = std::make_unique<formPLG>(*one.TheEditor);
             one.Window->LoadAndShow();
-            one.Logic = OnDisk = Content("scheme.pl");
+            one.Logic = one.OnDisk = OnDisk = Content("scheme.pl");
         }
     }
 
@@ -88,22 +92,32 @@ class TwoWindows : public testing::Test {
         return SystemProfile(RealFileSystem()).ReadText(Path(SettingsFileName), section, key, "none");
     }
 
+    [[nodiscard]] std::string ChangedQuestion() const {
+        LogicFile file;
+        file.Origin = FileOrigin::Opened;
+        return ReplaceQuestion(file, Path("scheme.pl"), FileChange::Changed)->Text;
+    }
+
     void Tick(OpenWindow& one, int output) {
         one.Window->findChild<QCheckBox*>(QStringLiteral("cbxOutputMap(%1)").arg(output))->click();
         one.Logic = ProgramBytes(one.TheEditor->Config());
         one.Modified = true;
     }
 
+    /// Saves over what the other window may have saved meanwhile, about which the window asks.
     void Save(OpenWindow& one) {
+        const bool changed = one.OnDisk != OnDisk;
+        Told.erase(ChangedQuestion());
         one.Window->findChild<QPushButton*>(QStringLiteral("cmdbtnSave"))->click();
-        OnDisk = one.Logic;
+        EXPECT_EQ(changed, Told.contains(ChangedQuestion()));
+        one.OnDisk = OnDisk = one.Logic;
         one.Modified = false;
         EXPECT_EQ(Setting(SectionRecent, "Recent0"), Path("scheme.pl") + ",scheme.pl,1");
     }
 
     void OpenAnew(OpenWindow& one) {
         one.TheEditor->OpenPath(Path("scheme.pl"));
-        one.Logic = OnDisk;
+        one.Logic = one.OnDisk = OnDisk;
         one.Modified = false;
     }
 
@@ -134,7 +148,7 @@ class TwoWindows : public testing::Test {
     QString folderBefore_;
 };
 
-TEST_F(TwoWindows, OnOneFileTheLastSaveWinsWholeAndEachTellsOfItsOwnChanges) {
+TEST_F(TwoWindows, OnOneFileEachAsksBeforeItReplacesWhatTheOtherSaved) {
     std::mt19937 random(7);
     const auto number = [&random](int first, int last) {
         return std::uniform_int_distribution<int>(first, last)(random);
@@ -160,7 +174,8 @@ TEST_F(TwoWindows, OnOneFileTheLastSaveWinsWholeAndEachTellsOfItsOwnChanges) {
         ExpectTruth();
         ASSERT_FALSE(HasFailure()) << "turn " << turn;
     }
-    // Nothing failed: the one box is the question before a window discards its own changes.
+    // Nothing failed: there were only the questions before a window discards its own changes or the other's.
+    Told.erase(ChangedQuestion());
     EXPECT_EQ(Told, std::set<std::string>{SavePrompt(DiscardingCommand::Open).Text});
 }
 
