@@ -10,7 +10,7 @@ namespace brindle {
 
 void Editor::ChooseHomeDirectory(const std::string& folder) {
     // A file that was saved under no name yet will be where new files are.
-    const bool named = !neverSaved_ || config_.FilePath != JoinPath(homeDirectory_, config_.FileTitle);
+    const bool named = !file_.NeverSaved() || config_.FilePath != JoinPath(homeDirectory_, config_.FileTitle);
     homeDirectory_ = folder;
     if (!named) {
         NameNewFile();

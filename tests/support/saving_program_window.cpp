@@ -33,6 +33,9 @@ int RunSavingProgram() {
     EditorSurroundings surroundings = RealSurroundings(folder, [&window] { return window.get(); });
     surroundings.CommandLine = JoinPath(folder, SavingProgramFile);
     surroundings.ShowMessageBox = [&told](const MessageBox& box) {
+        if (box.Buttons == MessageButtons::SaveAsOverwriteCancel) {
+            return MessageAnswer::Overwrite; // the rival has saved meanwhile
+        }
         std::cerr << box.Text << '\n';
         ++told;
         return box.Buttons == MessageButtons::Ok ? MessageAnswer::Ok : MessageAnswer::Cancel;

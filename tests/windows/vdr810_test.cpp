@@ -209,9 +209,12 @@ TEST_F(Vdr810Window, ARefusedFileIsToldOfAndDoesNotEndanger) {
     Start(PathOf("x.c10"));
     ASSERT_EQ(Dialogs.Messages.size(), 1U);
     EXPECT_EQ(Dialogs.Messages[0].Title, "VDR810 File Read in Problem");
+    WriteFile("New_File.c10", "another scheme");
+    Dialogs.ChooseFile(PathOf("part.c10"));
     QTest::mouseClick(Find<QPushButton>("cmdbtnSave"), Qt::LeftButton);
     EXPECT_EQ(Content("x.c10"), broken);
-    EXPECT_FALSE(Content("New_File.c10").empty());
+    EXPECT_EQ(Content("New_File.c10"), "another scheme");
+    EXPECT_EQ(Content("part.c10"), SchemeLogicFile(2.3, 12));
 }
 
 } // namespace
