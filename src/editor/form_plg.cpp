@@ -256,7 +256,7 @@ void formPLG::ShowIdentity() {
 void formPLG::ShowStatus() {
     QStringList notices;
     for (const std::string& notice : editor_.StatusNotices()) {
-        notices << QString::fromStdString(notice);
+        notices << ShownText(notice);
     }
     lblStatus_->ShowNotices(notices);
 }

@@ -1,5 +1,7 @@
 #include "editor/status_line_widget.h"
 
+#include "platform/foreign_text.h"
+
 #include <QPainter>
 #include <QStyle>
 
@@ -24,7 +26,7 @@ QSize StatusLineWidget::sizeHint() const {
 void StatusLineWidget::ShowNotices(const QStringList& notices) {
     notices_ = notices;
     setAccessibleName(notices.join(QLatin1Char(' ')));
-    setToolTip(notices.join(QLatin1Char('\n')));
+    setToolTip(ToolTipText(notices.join(QLatin1Char('\n'))));
     update();
 }
 
