@@ -7,6 +7,7 @@
 #include "files/logic_bytes.h"
 #include "files/program_file.h"
 #include "files/whole_file.h"
+#include "platform/memory_guard.h"
 #include "platform/paths.h"
 
 /// New, Open, Save and Save As of the main window.
@@ -113,14 +114,16 @@ void Editor::OpenVdr812(const ChosenFile& file) {
     LogicFile known{FileOrigin::Opened};
     const Hourglass hourglass(window_);
     const auto read = [&] {
-        std::string bytes;
-        FileError error = ReadStampedFile(surroundings_.Files, file.Path, bytes, known.Stamp);
-        if (!error.Failed()) {
-            DecodeProgram(bytes, opened);
-            const std::uint64_t size = known.Stamp.Status.Size;
-            known.Foreign = ForeignNotice(KindOfProgram(bytes, size), size);
-        }
-        return error;
+        return TellLackOfMemory([&] {
+            std::string bytes;
+            FileError error = ReadStampedFile(surroundings_.Files, file.Path, bytes, known.Stamp);
+            if (!error.Failed()) {
+                const std::uint64_t size = known.Stamp.Status.Size;
+                known.Foreign = ForeignNotice(KindOfProgram(bytes, size), size);
+                DecodeProgram(bytes, opened);
+            }
+            return error;
+        });
     };
     if (RunFileCommand({read}, OpenFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
         return;
