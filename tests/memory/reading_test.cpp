@@ -111,14 +111,14 @@ TEST(LackOfMemory, IsToldWhereALogicTakesTheListsOfItsOptionFile) {
         for (const Shortage shortage : {Shortage::Momentary, Shortage::Lasting}) {
             LogicConfig config = before;
             int error = NoFileError;
-            bool found = false;
+            LoadedLists loaded;
             FailEachAllocation(
-                shortage, [&] { error = LoadLists(files, folder, config, found).Number; },
+                shortage, [&] { error = LoadLists(files, folder, config, loaded).Number; },
                 [&](std::size_t n) {
                     EXPECT_EQ(OutOfMemoryError, error) << path << ", allocation " << n;
                     EXPECT_TRUE(Same(before, config)) << path << ", allocation " << n;
                 });
-            EXPECT_TRUE(found);
+            EXPECT_TRUE(loaded.Found);
             EXPECT_EQ(NoFileError, error) << path << " with memory enough";
             EXPECT_FALSE(config.Lists.Empty()) << path;
         }
@@ -129,14 +129,9 @@ TEST(LackOfMemory, IsToldWhereALogicTakesTheListsOfItsOptionFile) {
 struct Run {
     std::ostringstream Out;
     std::ostringstream Err;
-    CommandEnvironment Environment{RealFileSystem(),
-                                   Out,
-                                   Err,
-                                   "/",
-                                   [] { return std::string("5/4/2001"); },
-                                   [] { return std::string("10:12:33"); },
-                                   RealFolders(),
-                                   BRINDLE_EXAMPLES};
+    CommandEnvironment Environment{
+        RealFileSystem(), Out, Err, "/", [] { return DateAndTime{"5/4/2001", "10:12:33"}; }, RealFolders(),
+        BRINDLE_EXAMPLES};
 };
 
 /// Each run tells, or has done its work whole all the same: a sort does with less memory.
