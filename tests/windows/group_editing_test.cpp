@@ -108,6 +108,23 @@ TEST_F(GroupEditingWindow, GroupsBeyondTheLogicsCannotBeChosen) {
     EXPECT_TRUE(enabled(8)) << "all groups";
 }
 
+TEST_F(GroupEditingWindow, GroupsOfAFileThatAreNotShownCanBeChosen) {
+    Logic().RelayModel = RelayKind::Vdr810;
+    Logic().GroupCount = 8;
+    Logic().Group(8).Timer(2).PickUp = 9;
+    Open();
+    for (const char* name : {"cmbClearGroup", "cmbCopyGroupFrom", "cmbCopyGroupTo"}) {
+        const auto* box = Groups(name);
+        for (const int index : {6, 7}) {
+            EXPECT_TRUE(box->model()->flags(box->model()->index(index, 0)) & Qt::ItemIsEnabled) << name;
+        }
+    }
+    Groups("cmbClearGroup")->setCurrentIndex(7);
+    Dialogs.PressButton("OK");
+    Press("cmdClearGroup");
+    EXPECT_EQ(0, Logic().Group(8).Timer(2).PickUp);
+}
+
 TEST_F(GroupEditingWindow, EscapeAndEnterCloseItWithoutAsking) {
     auto* form = Open();
     QTest::keyClick(form, Qt::Key_Escape);

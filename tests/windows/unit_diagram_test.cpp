@@ -272,6 +272,18 @@ TEST_F(UnitDiagramWindow, NumbersAppearWithTheNextSelection) {
     EXPECT_EQ(TextOf("txtPlo(5)"), "0 -> NO CONNECT");
 }
 
+TEST_F(UnitDiagramWindow, AnEditShowsTheNumberOfItsInputAloneUntilTheNextSelection) {
+    Start(BRINDLE_EXAMPLES "/pilot_supervision.pl");
+    const std::string first = TextOf("txtPlo(1)");
+    const std::string second = TextOf("txtPlo(2)");
+    Choose("mnuShowNumbers");
+    QTest::mouseDClick(Find<QLineEdit>("txtPlo(1)"), Qt::LeftButton);
+    EXPECT_NE(std::string::npos, TextOf("txtPlo(1)").find(" -> " + first)) << TextOf("txtPlo(1)");
+    EXPECT_EQ(second, TextOf("txtPlo(2)"));
+    Choose("mnuTimerLatch(1)");
+    EXPECT_NE(std::string::npos, TextOf("txtPlo(2)").find(" -> " + second)) << TextOf("txtPlo(2)");
+}
+
 TEST_F(UnitDiagramWindow, AChangeOfWindowKeepsTheSelectedInputAndTheKeyboard) {
     Start();
     Choose("mnuTimerLatch(7)");
