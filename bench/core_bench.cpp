@@ -31,8 +31,8 @@ struct OpenProgram {
 /// filled with its first, as after a copy of the group.
 bool Load(OpenProgram& program) {
     ProgramReading reading;
-    const FileError error = ReadProgramFile(RealFileSystem(), BRINDLE_EXAMPLES "/pilot_supervision.pl",
-                                            program.Config, reading);
+    const FileError error =
+        ReadProgramFile(RealFileSystem(), BRINDLE_EXAMPLES "/pilot_supervision.pl", program.Config, reading);
     if (error.Failed()) {
         return false;
     }

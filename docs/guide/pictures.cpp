@@ -153,7 +153,7 @@ const Picture Pictures[] = {
     {"latch-reset", "lockout.pl", 1, 7, 6, false, Usual},
     {"numbers", "breaker_failure.pl", 1, 2, 0, true, Usual},
     {"new-file", "", 1, 1, 0, false, {800, 600}},
-    {"foreign-file", "README.md", 1, 1, 0, false, Usual},
+    {"foreign-file", "README.md", 1, 8, 0, false, Usual},
     {"chooser", "", 1, 1, 0, false, Usual, OpenChooser, "formCategoryBrindle(22)"},
     {"first-signal", "", 1, 1, 0, false, Usual, ConnectFirstSignal},
     {"designed-unit", "", 1, 1, 0, false, Usual, DesignUnit},
