@@ -121,6 +121,10 @@ class Editor {
     /// To be called about once a second: keeps a copy of unsaved work, which a crash then does not lose.
     void KeepRecoveryCopy() { recovery_.Tick(WorkNow()); }
 
+    /// The program may be ended from outside at any moment, and nobody can be asked: a copy of unsaved work
+    /// is made at once, for the next start.
+    void KeepRecoveryCopyAtOnce() { recovery_.KeepAtOnce(WorkNow()); }
+
     // File commands.
 
     void mnuNewFileVer100_Click() { NewVdr812(Version100); }
@@ -297,12 +301,14 @@ class Editor {
     [[nodiscard]] std::optional<ChosenFile> ChooseFileToOpen();
     /// The file at a path that no dialog chose; its model follows its extension.
     [[nodiscard]] static ChosenFile FileOfPath(const std::string& path);
-    /// Offers the copies of unsaved work that earlier runs left.
+    /// Offers the copies of unsaved work that earlier runs left, and tells of those that cannot be read.
     void OfferRecovery();
+    void AskForLeftWork();
     void ShowRecovered(const LeftCopy& left);
     /// The work as a recovery copy holds it.
     [[nodiscard]] RecoveryCopy WorkNow() const;
-    /// Asks if there are changes; false when the user cancelled.
+    /// Asks if there are changes; false when the user cancelled. Work that is discarded unasked, or not saved
+    /// though the user wanted it, becomes `notSaved_`.
     [[nodiscard]] bool MayDiscard(DiscardingCommand command);
     /// Writes the logic to its file path and, when that went well, takes it as saved.
     void WriteLogic();
@@ -327,7 +333,7 @@ class Editor {
     SettingsFile settings_;
     RecentFileList recentFiles_;
     RecoveryKeeper recovery_;
-    /// Work that the user wanted saved before it is discarded, and that could not be.
+    /// Work that a command discards though nobody chose to lose it: a copy of it is for the next start.
     std::optional<RecoveryCopy> notSaved_;
     LogicConfig config_;
     SignalCatalogue catalogue_;

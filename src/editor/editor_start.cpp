@@ -57,7 +57,7 @@ void Editor::Form_Unload() {
 }
 
 void Editor::Form_Terminate() {
-    if (config_.Modified && MayDiscard(DiscardingCommand::WindowEnd) && notSaved_) {
+    if (MayDiscard(DiscardingCommand::WindowEnd) && notSaved_) {
         recovery_.SetAside(*notSaved_);
     }
     recovery_.Close();
@@ -68,6 +68,7 @@ void Editor::mnuExit_Click() {
         if (notSaved_) {
             recovery_.SetAside(*notSaved_);
         }
+        recovery_.Rest(RecoveryLogic(config_)); // settled: closing the window asks and keeps nothing more
         config_.Modified = false;
         window_.Unload();
     }

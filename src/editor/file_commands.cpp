@@ -10,6 +10,8 @@
 #include "platform/memory_guard.h"
 #include "platform/paths.h"
 
+#include <utility>
+
 /// New, Open, Save and Save As of the main window.
 namespace brindle {
 
@@ -31,6 +33,10 @@ MessageBox OtherModelNotice(RelayKind model) {
 bool Editor::MayDiscard(DiscardingCommand command) {
     notSaved_.reset();
     if (!config_.Modified) {
+        // A drop-out time alone does not count as a change.
+        if (RecoveryCopy work = WorkNow(); recovery_.NeedsCopy(work)) {
+            notSaved_ = std::move(work);
+        }
         return true;
     }
     const MessageAnswer answer = surroundings_.ShowMessageBox(SavePrompt(command));

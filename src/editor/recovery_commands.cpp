@@ -15,6 +15,16 @@ MessageBox RecoveryQuestion(const RecoveryCopy& copy) {
             MessageIcon::Exclamation, MessageButtons::YesNoCancel};
 }
 
+MessageBox DamagedNotice(const std::vector<std::string>& paths) {
+    std::string text =
+        "A copy of unsaved work could not be read: it is damaged, or of another version of the "
+        "program.  It was put aside and will not be asked for again:";
+    for (const std::string& path : paths) {
+        text += "\r\n" + path;
+    }
+    return {text, MessageIcon::Exclamation, MessageButtons::Ok};
+}
+
 } // namespace
 
 RecoveryCopy Editor::WorkNow() const {
@@ -24,6 +34,13 @@ RecoveryCopy Editor::WorkNow() const {
 }
 
 void Editor::OfferRecovery() {
+    AskForLeftWork();
+    if (!recovery_.Damaged().empty()) {
+        surroundings_.ShowMessageBox(DamagedNotice(recovery_.Damaged()));
+    }
+}
+
+void Editor::AskForLeftWork() {
     while (const std::optional<LeftCopy> left = recovery_.NextLeft()) {
         switch (surroundings_.ShowMessageBox(RecoveryQuestion(left->Copy))) {
         case MessageAnswer::Yes:

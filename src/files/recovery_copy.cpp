@@ -1,10 +1,12 @@
 #include "files/recovery_copy.h"
 
+#include "files/file_stamp.h"
 #include "files/option_file.h"
 #include "files/program_file.h"
 #include "files/vdr810_reader.h"
 #include "files/vdr810_writer.h"
 
+#include <array>
 #include <charconv>
 #include <optional>
 
@@ -12,7 +14,30 @@ namespace brindle {
 
 namespace {
 
-constexpr std::string_view FirstLine = "Brindle recovery copy 1";
+constexpr std::string_view FirstLine = "Brindle recovery copy 2\n";
+constexpr std::string_view FirstLineWithoutSum = "Brindle recovery copy 1\n";
+
+std::string SumLine(std::string_view bytes) {
+    constexpr int digits = 16;
+    std::array<char, digits> hex{};
+    char* end = std::to_chars(hex.data(), hex.data() + digits, HashOfBytes(bytes), digits).ptr;
+    const std::string number(hex.data(), end);
+    return "sum=" + std::string(digits - number.size(), '0') + number + "\n";
+}
+
+/// What a copy says after its head; none when that is of no format of ours or tells of other bytes.
+std::optional<std::string_view> BodyOf(std::string_view bytes) {
+    if (bytes.starts_with(FirstLineWithoutSum)) {
+        return bytes.substr(FirstLineWithoutSum.size());
+    }
+    const std::size_t head = FirstLine.size() + SumLine("").size();
+    if (!bytes.starts_with(FirstLine) || bytes.size() < head) {
+        return {};
+    }
+    const std::string_view body = bytes.substr(head);
+    const bool whole = bytes.substr(FirstLine.size(), head - FirstLine.size()) == SumLine(body);
+    return whole ? std::optional(body) : std::nullopt;
+}
 
 std::string Block(const char* name, std::string_view bytes) {
     return std::string(name) + "=" + std::to_string(bytes.size()) + "\n" + std::string(bytes) + "\n";
@@ -107,20 +132,26 @@ std::string RecoveryLogic(const LogicConfig& config) {
 }
 
 std::string EncodeRecoveryCopy(const RecoveryCopy& copy) {
-    return std::string(FirstLine) + "\nnew=" + (copy.NeverSaved ? "yes" : "no") + "\n" +
-           Block("kept", copy.KeptAt) + Block("path", copy.Path) + Block("title", copy.Title) + copy.Logic;
+    const std::string body = std::string("new=") + (copy.NeverSaved ? "yes" : "no") + "\n" +
+                             Block("kept", copy.KeptAt) + Block("path", copy.Path) +
+                             Block("title", copy.Title) + copy.Logic;
+    return std::string(FirstLine) + SumLine(body) + body;
 }
 
 bool DecodeRecoveryCopy(std::string_view bytes, RecoveryCopy& copy, LogicConfig& config) {
-    Parts parts(bytes);
+    const std::optional<std::string_view> body = BodyOf(bytes);
+    if (!body) {
+        return false;
+    }
+    Parts parts(*body);
     RecoveryCopy read;
     std::string_view neverSaved;
     std::string_view keptAt;
     std::string_view path;
     std::string_view title;
-    const bool whole = parts.TakeLine(FirstLine) && parts.TakeText("new", neverSaved) &&
-                       (neverSaved == "yes" || neverSaved == "no") && parts.TakeBlock("kept", keptAt) &&
-                       parts.TakeBlock("path", path) && parts.TakeBlock("title", title);
+    const bool whole = parts.TakeText("new", neverSaved) && (neverSaved == "yes" || neverSaved == "no") &&
+                       parts.TakeBlock("kept", keptAt) && parts.TakeBlock("path", path) &&
+                       parts.TakeBlock("title", title);
     if (!whole) {
         return false;
     }

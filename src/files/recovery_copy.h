@@ -8,7 +8,8 @@
 /// A copy of a logic that is being edited, from which it can be brought back after a crash. The file is ours
 /// alone:
 ///
-///     Brindle recovery copy 1
+///     Brindle recovery copy 2
+///     sum=0123456789abcdef
 ///     new=no
 ///     kept=16
 ///     21.11.2026 14:02
@@ -19,10 +20,12 @@
 ///     logic=2048
 ///     ...
 ///
+/// "sum" is the hash (FNV-1a with 64 bits) of all bytes after its line, by which a damaged copy is known.
 /// "new=yes" is a logic that was never saved under its name. After each of the others a count of bytes, the
 /// bytes and a line end follow, so that they may be any: when the copy was written, for the user to read;
 /// path and name of the file that the logic is of; its bytes. A VDR810's logic stands as "text" and is
-/// followed by "option", its option file, which has the lists of signals. Lines end in LF.
+/// followed by "option", its option file, which has the lists of signals. Lines end in LF. Copies of format
+/// 1, which has no sum, are read too.
 namespace brindle {
 
 struct RecoveryCopy {

@@ -171,7 +171,13 @@ FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::s
     if (error.Failed()) {
         return error;
     }
-    error = TellLackOfMemory([&] { return ReadAll(files, handle, limit, bytes); });
+    return ReadAndClose(files, handle, path, limit, bytes);
+}
+
+FileError ReadAndClose(const FileSystem& files, FileHandle handle, const std::string& path, std::size_t limit,
+                       std::string& bytes) {
+    bytes.clear();
+    FileError error = TellLackOfMemory([&] { return ReadAll(files, handle, limit, bytes); });
     const FileError closing = files.Close(handle);
     if (!error.Failed()) {
         error = closing;

@@ -23,6 +23,11 @@ FileError ReadWholeFile(const FileSystem& files, const std::string& path, std::s
 /// The size of the largest text that is read, far larger than any of ours.
 inline constexpr std::size_t GreatestTextSize = std::size_t{16} << 20U;
 
+/// Reads an open file, at most `limit` bytes of it, and closes it whatever happens. On failure `bytes` is
+/// empty, and the error names `path`.
+FileError ReadAndClose(const FileSystem& files, FileHandle handle, const std::string& path, std::size_t limit,
+                       std::string& bytes);
+
 /// Reads the whole regular file at `path`; one larger than GreatestTextSize is BadRecordLengthError.
 FileError ReadWholeText(const FileSystem& files, const std::string& path, std::string& text);
 

@@ -3,6 +3,7 @@
 #include "platform/foreign_text.h"
 #include "platform/normal_pointer.h"
 
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -18,7 +19,8 @@ struct ButtonChoice {
     const char* Caption = nullptr; ///< instead of the system's
 };
 
-/// The buttons of a box, first the default one, last the one that Escape and the close box press.
+/// The buttons of a box, first the default one, last the one that Escape and the close box press where they
+/// do.
 std::vector<ButtonChoice> ChoicesOf(MessageButtons buttons) {
     const ButtonChoice ok{QMessageBox::Ok, MessageAnswer::Ok};
     const ButtonChoice cancel{QMessageBox::Cancel, MessageAnswer::Cancel};
@@ -55,11 +57,40 @@ QMessageBox::Icon QtIcon(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// A box that only its buttons close. Left to itself, Qt would take Escape and the close box for No.
+class ButtonsOnlyBox : public QMessageBox {
+  public:
+    ButtonsOnlyBox(QWidget* parent, bool buttonsOnly) : QMessageBox(parent), buttonsOnly_(buttonsOnly) {
+        setWindowFlag(Qt::WindowCloseButtonHint, !buttonsOnly);
+    }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!buttonsOnly_ || !event->matches(QKeySequence::Cancel)) {
+            QMessageBox::keyPressEvent(event);
+        }
+    }
+
+    void closeEvent(QCloseEvent* event) override {
+        if (buttonsOnly_) {
+            event->ignore();
+        } else {
+            QMessageBox::closeEvent(event);
+        }
+    }
+
+  private:
+    bool buttonsOnly_;
+};
+
 } // namespace
 
 MessageAnswer ShowQtMessageBox(QWidget* parent, const MessageBox& box) {
     const NormalPointer pointer;
-    QMessageBox window(QtIcon(box.Icon), ShownText(box.Title), QString(), QMessageBox::NoButton, parent);
+    const bool yesOrNo = box.Buttons == MessageButtons::YesNo; // neither of them is a way out
+    ButtonsOnlyBox window(parent, yesOrNo);
+    window.setIcon(QtIcon(box.Icon));
+    window.setWindowTitle(ShownText(box.Title));
     window.setTextFormat(Qt::PlainText); // before the text, which is at no moment taken for markup
     window.setText(ShownText(box.Text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     const std::vector<ButtonChoice> choices = ChoicesOf(box.Buttons);
@@ -73,7 +104,9 @@ MessageAnswer ShowQtMessageBox(QWidget* parent, const MessageBox& box) {
             window.setDefaultButton(choice.Button);
         }
     }
-    window.setEscapeButton(choices.back().Button);
+    if (!yesOrNo) {
+        window.setEscapeButton(choices.back().Button);
+    }
     const int pressed = window.exec();
     for (const ButtonChoice& choice : choices) {
         if (choice.Button == pressed) {

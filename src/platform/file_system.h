@@ -54,6 +54,10 @@ struct FileSystem {
 
     std::function<FileError(const std::string& path, FileHandle& handle)> OpenForReading;
 
+    /// Opens the regular file that bears the name itself: a link, and whatever else is there, is
+    /// PathAccessError.
+    std::function<FileError(const std::string& path, FileHandle& handle)> OpenItself;
+
     /// Reads up to `size` bytes; `got` 0 is the end of the file.
     std::function<FileError(FileHandle handle, char* bytes, std::size_t size, std::size_t& got)> Read;
 

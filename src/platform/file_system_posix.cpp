@@ -125,6 +125,18 @@ FileError Open(const char* operation, const std::string& path, int flags, mode_t
     return handle < 0 ? Failure(operation, path) : FileError{};
 }
 
+FileError OpenItself(const std::string& path, FileHandle& handle) {
+    FileError error = Open("open", path, O_RDONLY | O_NOFOLLOW, 0, handle);
+
+    struct stat status {};
+
+    if (!error.Failed() && (::fstat(handle, &status) != 0 || !S_ISREG(status.st_mode))) {
+        ::close(handle);
+        error = MakeFileError(PathAccessError, "open " + path);
+    }
+    return error;
+}
+
 /// A lock tells the file of a living program from an abandoned one: the system takes it back when the program
 /// ends, however it ends. False, with the reason in errno, when another has it or there are no locks here.
 bool Lock(FileHandle handle) {
@@ -358,6 +370,7 @@ FileSystem RealFileSystem() {
     files.OpenForReading = [](const std::string& path, FileHandle& handle) {
         return Open("open", path, O_RDONLY, 0, handle);
     };
+    files.OpenItself = OpenItself;
     files.Read = Read;
     files.CreateNew = CreateNew;
     files.CreateLike = CreateLike;

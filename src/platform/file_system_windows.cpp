@@ -228,6 +228,31 @@ FileError OpenInPlace(const std::string& path, FileHandle& handle) {
     return Open("open", path, GENERIC_WRITE, sharing, OPEN_EXISTING, handle);
 }
 
+FileError OpenItself(const std::string& path, FileHandle& handle) {
+    if (IsIllegal(path)) {
+        return IllegalName("open", path);
+    }
+    const std::wstring wide = WideText(path);
+    HANDLE opened = INVALID_HANDLE_VALUE;
+    const bool well = Patiently([&] {
+        opened = CreateFileW(wide.c_str(), GENERIC_READ, ShareAll, nullptr, OPEN_EXISTING,
+                             FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+        return opened != INVALID_HANDLE_VALUE;
+    });
+    if (!well) {
+        return Failure("open", path);
+    }
+    constexpr DWORD NoFile = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
+    BY_HANDLE_FILE_INFORMATION found{};
+    if (GetFileType(opened) != FILE_TYPE_DISK || GetFileInformationByHandle(opened, &found) == 0 ||
+        (found.dwFileAttributes & NoFile) != 0) {
+        CloseHandle(opened);
+        return MakeFileError(PathAccessError, "open " + path);
+    }
+    handle = Narrow(opened);
+    return {};
+}
+
 FileError Read(FileHandle handle, char* bytes, std::size_t size, std::size_t& got) {
     DWORD count = 0;
     const auto wanted = static_cast<DWORD>(std::min(size, GreatestTransfer));
@@ -362,6 +387,7 @@ FileSystem RealFileSystem() {
     files.OpenForReading = [](const std::string& path, FileHandle& handle) {
         return Open("open", path, GENERIC_READ, ShareAll, OPEN_EXISTING, handle);
     };
+    files.OpenItself = OpenItself;
     files.Read = Read;
     files.CreateNew = CreateNew;
     files.CreateLike = CreateLike;

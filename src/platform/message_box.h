@@ -23,8 +23,8 @@ struct MessageBox {
         Default{}; ///< of the button that Enter presses; the first where none is named
 };
 
-/// Shows a box and returns the button pressed. Closing a box by Escape or its close box answers Cancel or No
-/// where it has such a button, else Ok.
+/// Shows a box and returns the button pressed. Escape and the close box press Cancel, or OK where there is
+/// only that; a box of Yes and No has no way out but its buttons, and they do nothing.
 using ShowMessageBox = std::function<MessageAnswer(const MessageBox& box)>;
 
 } // namespace brindle

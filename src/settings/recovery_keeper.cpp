@@ -1,6 +1,6 @@
 #include "settings/recovery_keeper.h"
 
-#include "files/whole_file.h"
+#include "files/own_file.h"
 #include "platform/paths.h"
 
 #include <utility>
@@ -9,8 +9,10 @@ namespace brindle {
 
 namespace {
 
-constexpr int GreatestNumber = 20; // programs that run, and copies left, in one folder
-constexpr int LongestWait = 3;     // calls
+constexpr int GreatestNumber = 20;    // programs that run, and copies left, in one folder
+constexpr int LongestWait = 3;        // calls
+constexpr int GreatestDamaged = 1000; // files renamed for one number
+constexpr const char* CopyEnding = ".brindle";
 
 } // namespace
 
@@ -26,7 +28,7 @@ std::string RecoveryKeeper::PathOf(int number, const char* ending) const {
 }
 
 bool RecoveryKeeper::HasCopy(int number) const {
-    return !IsAbsent(files_, PathOf(number, ".brindle")); // what cannot be looked at may be one
+    return OwnFileStands(files_, PathOf(number, CopyEnding));
 }
 
 bool RecoveryKeeper::TakeNumber(int number) {
@@ -45,6 +47,20 @@ void RecoveryKeeper::GiveUpNumber() {
     lock_ = NoLock;
     kept_.clear();
     mayStand_ = false;
+    unsettled_ = false;
+}
+
+/// Gives the number free whose copy nobody can read. Whatever bears the name is renamed as it is.
+void RecoveryKeeper::MoveAside(int number) {
+    for (int count = 1; count <= GreatestDamaged; ++count) {
+        const std::string path = PathOf(number, (".damaged-" + std::to_string(count)).c_str());
+        if (!OwnFileStands(files_, path)) {
+            if (!files_.Rename(PathOf(number, CopyEnding), path).Failed()) {
+                damaged_.push_back(path);
+            }
+            return;
+        }
+    }
 }
 
 std::optional<LeftCopy> RecoveryKeeper::NextLeft() {
@@ -55,11 +71,16 @@ std::optional<LeftCopy> RecoveryKeeper::NextLeft() {
         }
         std::string bytes;
         LeftCopy left;
-        if (!ReadWholeText(files_, PathOf(looked_, ".brindle"), bytes).Failed() &&
-            DecodeRecoveryCopy(bytes, left.Copy, left.Logic)) {
+        const FileError error = ReadOwnFile(files_, PathOf(looked_, CopyEnding), bytes);
+        if (!error.Failed() && DecodeRecoveryCopy(bytes, left.Copy, left.Logic)) {
             kept_ = left.Copy.Logic;
+            keptPath_ = left.Copy.Path;
             mayStand_ = true;
+            unsettled_ = true;
             return left;
+        }
+        if (!error.Failed() || error.Number == PathAccessError || error.Number == BadRecordLengthError) {
+            MoveAside(looked_);
         }
         GiveUpNumber();
     }
@@ -68,6 +89,7 @@ std::optional<LeftCopy> RecoveryKeeper::NextLeft() {
 
 void RecoveryKeeper::Adopt() {
     rest_.reset();
+    unsettled_ = false;
     looked_ = GreatestNumber; // one logic is open at a time; what else was left is for another start
 }
 
@@ -97,8 +119,9 @@ bool RecoveryKeeper::OwnNumber() {
 void RecoveryKeeper::Keep(const RecoveryCopy& work) {
     if (OwnNumber()) {
         mayStand_ = true; // when only its last flush fails, the copy is there all the same
-        if (!ReplaceWholeFile(files_, PathOf(number_, ".brindle"), EncodeRecoveryCopy(work)).Failed()) {
+        if (!ReplaceOwnFile(files_, PathOf(number_, CopyEnding), EncodeRecoveryCopy(work)).Failed()) {
             kept_ = work.Logic;
+            keptPath_ = work.Path;
         }
     }
     waited_ = 0;
@@ -107,22 +130,30 @@ void RecoveryKeeper::Keep(const RecoveryCopy& work) {
 
 void RecoveryKeeper::RemoveCopy() {
     if (mayStand_) {
-        files_.Remove(PathOf(number_, ".brindle"));
+        files_.Remove(PathOf(number_, CopyEnding));
         mayStand_ = false;
         kept_.clear();
     }
 }
 
+bool RecoveryKeeper::NeedsCopy(const RecoveryCopy& work) const {
+    return !work.Logic.empty() && work.Logic != rest_;
+}
+
+bool RecoveryKeeper::IsKept(const RecoveryCopy& work) const {
+    return work.Logic == kept_ && work.Path == keptPath_;
+}
+
 void RecoveryKeeper::Tick(const RecoveryCopy& work) {
-    if (!locks_.Take || work.Logic.empty()) {
+    if (!locks_.Take || unsettled_ || work.Logic.empty()) {
         return;
     }
-    if (work.Logic == rest_) {
+    if (!NeedsCopy(work)) {
         RemoveCopy();
         waited_ = 0;
         return;
     }
-    if (work.Logic == kept_) {
+    if (IsKept(work)) {
         waited_ = 0;
         return;
     }
@@ -134,11 +165,17 @@ void RecoveryKeeper::Tick(const RecoveryCopy& work) {
     seen_ = work.Logic;
 }
 
+void RecoveryKeeper::KeepAtOnce(const RecoveryCopy& work) {
+    if (locks_.Take && !unsettled_ && NeedsCopy(work) && !IsKept(work)) {
+        Keep(work);
+    }
+}
+
 void RecoveryKeeper::SetAside(const RecoveryCopy& work) {
     if (!locks_.Take || work.Logic.empty()) {
         return;
     }
-    if (work.Logic != kept_) {
+    if (!IsKept(work)) {
         Keep(work);
     }
     GiveUpNumber();

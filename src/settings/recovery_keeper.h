@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 /// Keeps a copy of unsaved work beside the settings file, and finds the copies that programs left which could
 /// not end as they should.
@@ -18,8 +19,9 @@ struct LeftCopy {
 };
 
 /// Each running program has a file of its own, "Recovery1.brindle" to "Recovery20.brindle", guarded by a lock
-/// ("Recovery1.lock"); so a copy whose lock nobody holds was left behind. The user's own file is never
-/// touched, and nothing here is ever told in a box: a copy that cannot be written is tried again.
+/// ("Recovery1.lock"); so a copy whose lock nobody holds was left behind. Nobody but its owner may read it,
+/// and a symbolic link in its place is never followed. The user's own file is never touched, and nothing here
+/// is ever told in a box: a copy that cannot be written is tried again.
 class RecoveryKeeper {
   public:
     /// `folder` is an absolute path. Without locks (no `Take`) nothing is kept and nothing found.
@@ -34,7 +36,9 @@ class RecoveryKeeper {
     // What was left, asked for before anything is kept.
 
     /// The next copy that was left, in the order of their numbers; nothing after the last. It must be settled
-    /// by one of the three below before the next is asked for. One that cannot be read stays where it is.
+    /// by one of the three below before the next is asked for. What is no copy that this program can read
+    /// (damaged, of a later version, a link) is renamed to "Recovery1.damaged-1" and the like, so that its
+    /// number is free again. What the system does not let us open, as another user's copy, stays.
     std::optional<LeftCopy> NextLeft();
     /// The copy found is the work of this program from now on: kept until it is saved.
     void Adopt();
@@ -42,6 +46,9 @@ class RecoveryKeeper {
     void Discard();
     /// Leaves the copy found for another start.
     void PassOver();
+
+    /// The paths of those that were renamed, as they are now.
+    [[nodiscard]] const std::vector<std::string>& Damaged() const { return damaged_; }
 
     // What is kept.
 
@@ -53,8 +60,14 @@ class RecoveryKeeper {
     /// lost.
     void Tick(const RecoveryCopy& work);
 
-    /// The user wanted this work saved, and it was not: leaves a copy of it for the next start, as after a
-    /// crash.
+    /// The work is not as a file holds it: without a copy it would be lost.
+    [[nodiscard]] bool NeedsCopy(const RecoveryCopy& work) const;
+
+    /// As Tick, but at once: the program may be ended at any moment.
+    void KeepAtOnce(const RecoveryCopy& work);
+
+    /// Nobody chose to lose this work, but it was not saved: leaves a copy of it for the next start, as after
+    /// a crash.
     void SetAside(const RecoveryCopy& work);
 
     /// The program ends as it should: removes the copy.
@@ -66,6 +79,8 @@ class RecoveryKeeper {
     bool TakeNumber(int number);
     void GiveUpNumber();
     bool OwnNumber();
+    void MoveAside(int number);
+    [[nodiscard]] bool IsKept(const RecoveryCopy& work) const;
     void Keep(const RecoveryCopy& work);
     void RemoveCopy();
 
@@ -73,11 +88,14 @@ class RecoveryKeeper {
     FileSystem files_;
     FileLocks locks_;
     int looked_ = 0; ///< numbers up to this one were looked at by NextLeft
-    int number_ = 0; ///< of the copy that is ours; 0 for none
+    std::vector<std::string> damaged_;
+    bool unsettled_ = false; ///< what NextLeft found is not this program's work yet
+    int number_ = 0;         ///< of the copy that is ours; 0 for none
     FileHandle lock_ = NoLock;
     std::optional<std::string> rest_; ///< the logic that needs no copy
     bool mayStand_ = false;           ///< a copy of our number may be on the disk, written well or not
     std::string kept_;                ///< the logic of the copy on the disk; empty for none
+    std::string keptPath_;            ///< the path in it
     std::string seen_;                ///< the logic of the last call
     int waited_ = 0;                  ///< calls since a change that no copy has yet
 };

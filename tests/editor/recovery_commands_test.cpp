@@ -148,6 +148,92 @@ TEST_F(RecoveryCommands, ADropOutTimeAloneIsKeptToo) {
     EXPECT_TRUE(HasCopy());
 }
 
+/// A run with a changed drop-out time, which no command asks about.
+struct UnaskedChange : RecoveryCommands {
+    UnaskedChange() {
+        StartAgain();
+        Run->Start();
+        (*Run)->txtTimerDO_Change("77");
+        EXPECT_FALSE((*Run)->Config().Modified);
+    }
+
+    /// The next start brings the change back.
+    void ExpectOffered() {
+        EXPECT_TRUE(HasCopy());
+        EXPECT_TRUE(Run->Boxes.empty());
+        StartAgain();
+        Run->AnswerBox(MessageAnswer::Yes);
+        Run->Start();
+        EXPECT_EQ(77, (*Run)->Config().Group(1).Timer(1).DropOut);
+        EXPECT_EQ(1U, Run->Boxes.size());
+    }
+};
+
+TEST_F(UnaskedChange, IsOfferedAgainAfterExit) {
+    (*Run)->mnuExit_Click();
+    (*Run)->Form_Terminate();
+    ExpectOffered();
+}
+
+TEST_F(UnaskedChange, IsOfferedAgainAfterTheWindowWasClosed) {
+    Wait();
+    (*Run)->Form_Terminate();
+    EXPECT_TRUE(Locks.Held.empty());
+    ExpectOffered();
+}
+
+TEST_F(UnaskedChange, IsOfferedAgainAfterAnotherLogicTookItsPlace) {
+    (*Run)->mnuNewFileVer100_Click();
+    (*Run)->Form_Terminate();
+    ExpectOffered();
+}
+
+TEST_F(UnaskedChange, ThatWasSavedLeavesNothing) {
+    (*Run)->mnuFileSave_Click();
+    (*Run)->mnuExit_Click();
+    (*Run)->Form_Terminate();
+    EXPECT_FALSE(HasCopy());
+}
+
+TEST_F(UnaskedChange, ThatTheUserDiscardsWithOthersLeavesNothing) {
+    (*Run)->txtTimerPU_Change("5");
+    Run->AnswerBox(MessageAnswer::No);
+    (*Run)->mnuExit_Click();
+    (*Run)->Form_Terminate();
+    EXPECT_FALSE(HasCopy());
+}
+
+TEST_F(RecoveryCommands, ACopyThatCannotBeReadIsToldOfOnce) {
+    StartAgain();
+    Run->Files[CopyPath] = "Brindle recovery copy 7\n";
+    Run->Start();
+    ASSERT_EQ(1U, Run->Boxes.size());
+    EXPECT_EQ(
+        "A copy of unsaved work could not be read: it is damaged, or of another version of the program.  It "
+        "was put aside and will not be asked for again:\r\n/opt/brindle/Recovery1.damaged-1",
+        Run->Boxes[0].Text);
+    EXPECT_EQ(MessageButtons::Ok, Run->Boxes[0].Buttons);
+    EXPECT_EQ(1U, Run->Files.count("/opt/brindle/Recovery1.damaged-1"));
+    EXPECT_FALSE(HasCopy());
+    StartAgain();
+    Run->Start();
+    EXPECT_TRUE(Run->Boxes.empty());
+}
+
+TEST_F(RecoveryCommands, WorkIsKeptAtOnceBeforeTheProgramIsEndedFromOutside) {
+    StartAgain();
+    Run->Start();
+    (*Run)->KeepRecoveryCopyAtOnce();
+    EXPECT_FALSE(HasCopy());
+    (*Run)->txtTimerPU_Change("5");
+    (*Run)->KeepRecoveryCopyAtOnce();
+    EXPECT_TRUE(HasCopy());
+    CrashAndStartAgain();
+    Run->AnswerBox(MessageAnswer::Yes);
+    Run->Start();
+    EXPECT_EQ(5, (*Run)->Config().Group(1).Timer(1).PickUp);
+}
+
 TEST_F(RecoveryCommands, AnExitThatDiscardsLeavesNoCopy) {
     StartAgain();
     Run->Start();

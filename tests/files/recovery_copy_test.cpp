@@ -13,6 +13,13 @@ RecoveryCopy CopyOf(const LogicConfig& config) {
     return {"/home/me/a\nb=1.pl", "a\nb=1.pl", true, "5/4/2001 10:12", RecoveryLogic(config)};
 }
 
+/// The same copy in the first format, which has no sum.
+std::string WithoutSum(std::string bytes) {
+    const std::string head = "Brindle recovery copy 2\n";
+    EXPECT_TRUE(bytes.starts_with(head + "sum="));
+    return "Brindle recovery copy 1\n" + bytes.substr(bytes.find('\n', head.size()) + 1);
+}
+
 LogicConfig Vdr812Logic() {
     LogicConfig config;
     DecodeProgram(ExampleContent("pilot_supervision.pl"), config);
@@ -97,16 +104,42 @@ TEST(RecoveryCopy, ATornCopyIsNone) {
 }
 
 TEST(RecoveryCopy, OfAnotherFormatIsNone) {
-    std::string bytes = EncodeRecoveryCopy(CopyOf(Vdr812Logic()));
-    RecoveryCopy copy;
-    LogicConfig read;
-    bytes[bytes.find('\n') - 1] = '2';
-    EXPECT_FALSE(DecodeRecoveryCopy(bytes, copy, read));
+    const std::string bytes = EncodeRecoveryCopy(CopyOf(Vdr812Logic()));
+    for (const char digit : {'0', '1', '3', '9'}) {
+        std::string other = bytes;
+        other[other.find('\n') - 1] = digit;
+        RecoveryCopy copy;
+        LogicConfig read;
+        EXPECT_FALSE(DecodeRecoveryCopy(other, copy, read)) << digit;
+    }
+}
+
+TEST(RecoveryCopy, OfTheFirstFormatComesBackToo) {
+    for (const LogicConfig& config : {Vdr812Logic(), Vdr810Logic()}) {
+        const RecoveryCopy kept = CopyOf(config);
+        RecoveryCopy copy;
+        LogicConfig read;
+        ASSERT_TRUE(DecodeRecoveryCopy(WithoutSum(EncodeRecoveryCopy(kept)), copy, read));
+        EXPECT_EQ(kept.Path, copy.Path);
+        EXPECT_EQ(kept.Logic, copy.Logic);
+        EXPECT_EQ(kept.Logic, RecoveryLogic(read));
+    }
+}
+
+TEST(RecoveryCopy, WithAnyByteChangedIsNone) {
+    const std::string whole = EncodeRecoveryCopy(CopyOf(Vdr812Logic()));
+    for (std::size_t place = 0; place < whole.size(); ++place) {
+        std::string damaged = whole;
+        damaged[place] = static_cast<char>(damaged[place] ^ 1);
+        RecoveryCopy copy;
+        LogicConfig read;
+        ASSERT_FALSE(DecodeRecoveryCopy(damaged, copy, read)) << place;
+    }
 }
 
 TEST(RecoveryCopy, WithAnyOfItsPartsWrongIsNone) {
-    const std::string vdr812 = EncodeRecoveryCopy(CopyOf(Vdr812Logic()));
-    const std::string vdr810 = EncodeRecoveryCopy(CopyOf(Vdr810Logic()));
+    const std::string vdr812 = WithoutSum(EncodeRecoveryCopy(CopyOf(Vdr812Logic())));
+    const std::string vdr810 = WithoutSum(EncodeRecoveryCopy(CopyOf(Vdr810Logic())));
 
     struct Wrong {
         std::string Whole;
@@ -134,7 +167,7 @@ TEST(RecoveryCopy, WithAnyOfItsPartsWrongIsNone) {
 }
 
 TEST(RecoveryCopy, WhoseListsCountOtherSignalsIsNone) {
-    std::string bytes = EncodeRecoveryCopy(CopyOf(Vdr810Logic()));
+    std::string bytes = WithoutSum(EncodeRecoveryCopy(CopyOf(Vdr810Logic())));
     const std::size_t place = bytes.find(" 256\r\n");
     ASSERT_NE(std::string::npos, place);
     bytes.replace(place, 4, " 250");

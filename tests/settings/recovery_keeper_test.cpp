@@ -193,14 +193,116 @@ TEST_F(RecoveryKeeperTest, ACopyPassedOverIsFoundByTheNextStartAndNeverOverwritt
     EXPECT_TRUE(Program()->NextLeft());
 }
 
-TEST_F(RecoveryKeeperTest, ACopyThatCannotBeReadStays) {
-    Disk.AddFile(FirstCopy, "Brindle recovery copy 9\n");
-    const auto program = Program();
-    EXPECT_FALSE(program->NextLeft());
+TEST_F(RecoveryKeeperTest, WhatIsNoCopyIsPutAsideOnceAndItsNumberIsFree) {
+    std::string damaged = EncodeRecoveryCopy(Work(1));
+    damaged.back() ^= 1;
+    Disk.AddFile(FirstCopy, damaged);
+    Disk.AddFile("/opt/brindle/Recovery1.damaged-1", "of before");
+    Disk.AddFile(SecondCopy, "Brindle recovery copy 9\n");
+    Disk.AddFile("/opt/brindle/Recovery3.brindle", EncodeRecoveryCopy(Work(3)));
+    auto program = Program();
+    const std::optional<LeftCopy> left = program->NextLeft();
+    ASSERT_TRUE(left);
+    EXPECT_EQ(3, left->Logic.Group(1).Timer(1).PickUp);
+    EXPECT_EQ(
+        (std::vector<std::string>{"/opt/brindle/Recovery1.damaged-2", "/opt/brindle/Recovery2.damaged-1"}),
+        program->Damaged());
+    EXPECT_EQ("of before", Disk.Content("/opt/brindle/Recovery1.damaged-1"));
+    EXPECT_EQ(damaged, Disk.Content("/opt/brindle/Recovery1.damaged-2"));
+    program->PassOver();
     program->Rest(Work(0).Logic);
     KeepNow(*program, 1);
-    EXPECT_EQ("Brindle recovery copy 9\n", Disk.Content(FirstCopy));
-    EXPECT_TRUE(Has(SecondCopy));
+    EXPECT_EQ(EncodeRecoveryCopy(Work(1)), Disk.Content(FirstCopy));
+    program->Close();
+    program = Program();
+    ASSERT_TRUE(program->NextLeft());
+    EXPECT_TRUE(program->Damaged().empty());
+}
+
+TEST_F(RecoveryKeeperTest, ALinkIsNeitherReadNorWrittenThroughButPutAside) {
+    Disk.AddFile("/secret", EncodeRecoveryCopy(Work(1)));
+    Disk.AddLink(FirstCopy, "/secret");
+    Disk.AddLink(SecondCopy, "/nowhere");
+    const auto program = Program();
+    EXPECT_FALSE(program->NextLeft());
+    EXPECT_EQ(2U, program->Damaged().size());
+    EXPECT_TRUE(Disk.IsLink("/opt/brindle/Recovery1.damaged-1"));
+    program->Rest(Work(0).Logic);
+    KeepNow(*program, 2);
+    EXPECT_EQ(EncodeRecoveryCopy(Work(2)), Disk.Content(FirstCopy));
+    EXPECT_EQ(EncodeRecoveryCopy(Work(1)), Disk.Content("/secret"));
+    EXPECT_FALSE(Has("/nowhere"));
+}
+
+TEST_F(RecoveryKeeperTest, ACopyThatTheSystemDoesNotLetUsOpenStays) {
+    Disk.AddFile(FirstCopy, EncodeRecoveryCopy(Work(1)));
+    for (const int error : {PermissionDeniedError, DeviceIoError}) {
+        Disk.FailAll("open", error);
+        const auto program = Program();
+        EXPECT_FALSE(program->NextLeft());
+        EXPECT_TRUE(program->Damaged().empty());
+        EXPECT_TRUE(Locks.Held.empty());
+        Disk.FailNoMore();
+    }
+    EXPECT_TRUE(Program()->NextLeft());
+}
+
+TEST_F(RecoveryKeeperTest, WhatCannotBePutAsideIsNotToldOf) {
+    Disk.AddFile(FirstCopy, "damaged");
+    Disk.FailAll("rename", PathAccessError);
+    const auto program = Program();
+    EXPECT_FALSE(program->NextLeft());
+    EXPECT_TRUE(program->Damaged().empty());
+    EXPECT_EQ("damaged", Disk.Content(FirstCopy));
+}
+
+TEST_F(RecoveryKeeperTest, ACopyIsForItsOwnerAlone) {
+    Disk.AddFile(FirstCopy, EncodeRecoveryCopy(Work(1)), 0644);
+    const auto program = Program();
+    ASSERT_TRUE(program->NextLeft());
+    program->Adopt();
+    KeepNow(*program, 2);
+    EXPECT_EQ(0600U, Disk.Mode(FirstCopy));
+}
+
+TEST_F(RecoveryKeeperTest, WorkIsKeptAtOnceWhenTheProgramMayBeEnded) {
+    auto program = Program();
+    program->Rest(Work(0).Logic);
+    program->KeepAtOnce(Work(0));
+    EXPECT_TRUE(Disk.Log().empty());
+    program->KeepAtOnce(Work(1));
+    EXPECT_EQ(EncodeRecoveryCopy(Work(1)), Disk.Content(FirstCopy));
+    const std::size_t operations = Disk.Log().size();
+    program->KeepAtOnce(Work(1));
+    EXPECT_EQ(operations, Disk.Log().size());
+    program->Close();
+    EXPECT_FALSE(Has(FirstCopy)) << "the end did not come, and the work was saved";
+}
+
+TEST_F(RecoveryKeeperTest, ACopyFoundIsSafeUntilItIsSettled) {
+    Disk.AddFile(FirstCopy, EncodeRecoveryCopy(Work(1)));
+    const auto program = Program();
+    program->Rest(Work(0).Logic);
+    ASSERT_TRUE(program->NextLeft());
+    program->Tick(Work(0));
+    program->KeepAtOnce(Work(0));
+    KeepNow(*program, 2);
+    program->KeepAtOnce(Work(2));
+    EXPECT_EQ(EncodeRecoveryCopy(Work(1)), Disk.Content(FirstCopy));
+    program->PassOver();
+    program->KeepAtOnce(Work(2));
+    EXPECT_EQ(EncodeRecoveryCopy(Work(2)), Disk.Content(SecondCopy));
+}
+
+TEST_F(RecoveryKeeperTest, WorkUnderAnotherNameIsKeptAnew) {
+    const auto program = Program();
+    program->Rest(Work(0).Logic);
+    KeepNow(*program, 1);
+    RecoveryCopy renamed = Work(1);
+    renamed.Path = "/home/me/a.pl";
+    program->Tick(renamed);
+    program->Tick(renamed);
+    EXPECT_EQ(EncodeRecoveryCopy(renamed), Disk.Content(FirstCopy));
 }
 
 TEST_F(RecoveryKeeperTest, WorkSetAsideIsFoundByTheNextStart) {
@@ -301,14 +403,26 @@ TEST_F(RecoveryKeeperTest, WhatCannotBeLookedAtCountsAsACopyLeft) {
 
 TEST_F(RecoveryKeeperTest, AFullFolderOfCopiesLeftTakesNoMore) {
     for (int number = 1; number <= 20; ++number) {
-        Disk.AddFile("/opt/brindle/Recovery" + std::to_string(number) + ".brindle", "left");
+        Disk.AddFile("/opt/brindle/Recovery" + std::to_string(number) + ".brindle",
+                     EncodeRecoveryCopy(Work(number)));
+    }
+    const auto program = Program();
+    program->Rest(Work(0).Logic);
+    KeepNow(*program, 30);
+    EXPECT_EQ(EncodeRecoveryCopy(Work(1)), Disk.Content(FirstCopy));
+    EXPECT_TRUE(Locks.Held.empty());
+}
+
+TEST_F(RecoveryKeeperTest, AFolderFullOfDamagedCopiesTakesTheNextOne) {
+    for (int number = 1; number <= 20; ++number) {
+        Disk.AddFile("/opt/brindle/Recovery" + std::to_string(number) + ".brindle", "damaged");
     }
     const auto program = Program();
     EXPECT_FALSE(program->NextLeft());
+    EXPECT_EQ(20U, program->Damaged().size());
     program->Rest(Work(0).Logic);
     KeepNow(*program, 1);
-    EXPECT_EQ("left", Disk.Content(FirstCopy));
-    EXPECT_TRUE(Locks.Held.empty());
+    EXPECT_EQ(EncodeRecoveryCopy(Work(1)), Disk.Content(FirstCopy));
 }
 
 } // namespace

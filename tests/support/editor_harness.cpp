@@ -86,6 +86,7 @@ void EditorHarness::SupplyFiles() {
         readPosition_ = 0;
         return failure("open");
     };
+    files.OpenItself = files.OpenForReading;
     files.Read = [this](FileHandle /*handle*/, char* bytes, std::size_t size, std::size_t& got) {
         got = Files[openPath_].copy(bytes, size, readPosition_);
         readPosition_ += got;

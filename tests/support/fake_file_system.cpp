@@ -32,6 +32,7 @@ FileSystem FakeFileSystem::Operations() {
     files.Status = [this](const auto& path, auto& status) { return Status(path, status); };
     files.FollowLinks = [this](const auto& path, auto& target) { return FollowLinks(path, target); };
     files.OpenForReading = [this](const auto& path, auto& handle) { return OpenExisting(path, handle); };
+    files.OpenItself = [this](const auto& path, auto& handle) { return OpenItself(path, handle); };
     files.Read = [this](FileHandle handle, char* bytes, std::size_t size, std::size_t& got) {
         return Read(handle, bytes, size, got);
     };
@@ -237,6 +238,23 @@ FileError FakeFileSystem::OpenExisting(const std::string& path, FileHandle& hand
         return Missing(record, path);
     }
     handle = Open(Follow(path));
+    return {};
+}
+
+FileError FakeFileSystem::OpenItself(const std::string& path, FileHandle& handle) {
+    const std::string record = "open itself " + path;
+    FileError error = Begin(record);
+    if (error.Failed()) {
+        return error;
+    }
+    const auto found = names_.find(path);
+    if (found == names_.end()) {
+        return Missing(record, path);
+    }
+    if (found->second->Type != FileType::Regular) {
+        return MakeFileError(PathAccessError, record);
+    }
+    handle = Open(path);
     return {};
 }
 

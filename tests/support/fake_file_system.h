@@ -96,6 +96,7 @@ class FakeFileSystem {
     FileError Status(const std::string& path, FileStatus& status);
     FileError FollowLinks(const std::string& path, std::string& target);
     FileError OpenExisting(const std::string& path, FileHandle& handle);
+    FileError OpenItself(const std::string& path, FileHandle& handle);
     FileError Read(FileHandle handle, char* bytes, std::size_t size, std::size_t& got);
     FileError CreateNew(const std::string& path, std::uint32_t mode, FileHandle& handle);
     FileError CreateLike(const std::string& path, const std::string& old, FileHandle& handle,
