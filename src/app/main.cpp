@@ -1,3 +1,4 @@
+#include "app/outside_end.h"
 #include "app/start_arguments.h"
 #include "app/surroundings.h"
 #include "editor/form_plg.h"
@@ -6,6 +7,7 @@
 #include "platform/file_size_limit.h"
 #include "platform/folders.h"
 #include "platform/standard_output.h"
+#include "platform/termination_notifier.h"
 #include "settings/program_folder.h"
 
 #include <QApplication>
@@ -62,6 +64,8 @@ int main(int argc, char** argv) {
     editor.Form_Initialize();
     formPLG mainWindow(editor);
     window = &mainWindow;
+    const OutsideEnd outsideEnd({[&editor] { editor.KeepRecoveryCopyAtOnce(); },
+                                 [&mainWindow] { mainWindow.AskNothing(); }, EndAsWanted});
     mainWindow.LoadAndShow();
     return QApplication::exec();
 }

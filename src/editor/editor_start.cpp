@@ -28,6 +28,7 @@ void Editor::FindHomeDirectory() {
 
 void Editor::Form_Load() {
     MakeNewVdr812(config_, Version230);
+    recovery_.Rest(RecoveryLogic(config_));
     ScanPlcFolder();
     window_.ShowRecentFiles();
     window_.ShowOutputMap();
@@ -37,7 +38,6 @@ void Editor::Form_Load() {
     NameNewFile();
     ShowFirstUnit();
     config_.Modified = false;
-    recovery_.Rest(RecoveryLogic(config_));
     OfferRecovery();
     const std::vector<std::string> copies = CopiesLeft(surroundings_.Files, surroundings_.ProgramFolder);
     if (!copies.empty()) {

@@ -360,7 +360,11 @@ void formPLG::closeEvent(QCloseEvent* event) {
             other->close();
         }
     }
-    editor_.Form_Terminate();
+    if (asksNothing_) {
+        editor_.KeepRecoveryCopyAtOnce();
+    } else {
+        editor_.Form_Terminate();
+    }
     event->accept();
     QApplication::quit();
 }

@@ -44,6 +44,10 @@ class formPLG : public QMainWindow {
     /// What the window shows, as in a window of the usual size on a light desktop, whatever this one is like.
     [[nodiscard]] WindowPicture Picture();
 
+    /// From now on the window closes without asking, and unsaved work stays in its copy for the next start:
+    /// the desktop's session ends.
+    void AskNothing() { asksNothing_ = true; }
+
   protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -102,6 +106,7 @@ class formPLG : public QMainWindow {
     QSize leastSize_;
     QSize usualSize_; ///< where no placement is stored and the screen has room
     bool loaded_ = false;
+    bool asksNothing_ = false;
     Qt::WindowStates restoredState_ = Qt::WindowNoState;
 
     QHash<QString, QAction*> actions_;

@@ -7,13 +7,13 @@ namespace brindle {
 
 namespace {
 
-constexpr std::uint32_t OwnerOnly = 0600;
+constexpr std::uint32_t OwnFileMode = 0600;
 
 /// Creates the file beside; one of that name was left by a program that was killed, or is not ours at all.
 FileError CreateAnew(const FileSystem& files, const std::string& path, FileHandle& handle) {
-    FileError error = files.CreateNew(path, OwnerOnly, handle);
+    FileError error = files.CreateNew(path, OwnFileMode, handle);
     if (error.Number == FileAlreadyExistsError && !files.Remove(path).Failed()) {
-        error = files.CreateNew(path, OwnerOnly, handle);
+        error = files.CreateNew(path, OwnFileMode, handle);
     }
     return error;
 }

@@ -43,6 +43,10 @@ void DialogDriver::PressEnter() {
     answers_.push_back({AnswerKind::Enter, {}});
 }
 
+void DialogDriver::PressCloseBox() {
+    answers_.push_back({AnswerKind::CloseBox, {}});
+}
+
 void DialogDriver::Drive(std::function<void(QDialog& dialog)> act) {
     answers_.push_back({AnswerKind::Act, {}, std::move(act)});
 }
@@ -102,6 +106,10 @@ void DialogDriver::AnswerMessage(QMessageBox& box) {
     }
     if (answer.Kind == AnswerKind::Escape || answer.Kind == AnswerKind::Enter) {
         QTest::keyClick(&box, answer.Kind == AnswerKind::Escape ? Qt::Key_Escape : Qt::Key_Return);
+        return;
+    }
+    if (answer.Kind == AnswerKind::CloseBox) {
+        box.close();
         return;
     }
     for (QAbstractButton* button : box.buttons()) {

@@ -51,6 +51,7 @@ class DialogDriver {
     void PressButton(const std::string& caption); ///< of the next message box
     void PressEscape();                           ///< in the next message box
     void PressEnter();                            ///< in the next message box
+    void PressCloseBox();                         ///< of the next message box
     /// Types a name or path into the next file dialog and accepts it. First chooses the entry of its filter
     /// that begins with `filter`, where one is given.
     void ChooseFile(const std::string& name, const std::string& filter = {});
@@ -63,7 +64,7 @@ class DialogDriver {
     std::vector<SeenFileDialog> FileDialogs;
 
   private:
-    enum class AnswerKind { Button, Escape, Enter, File, NoFile, Act };
+    enum class AnswerKind { Button, Escape, Enter, CloseBox, File, NoFile, Act };
 
     struct Answer {
         AnswerKind Kind;

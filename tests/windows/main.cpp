@@ -1,3 +1,4 @@
+#include "support/ended_program_window.h"
 #include "support/saving_program_window.h"
 
 #include <QApplication>
@@ -16,6 +17,9 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     if (qEnvironmentVariableIsSet(brindle::SavingProgramFolder)) {
         return brindle::RunSavingProgram(); // started by a test
+    }
+    if (qEnvironmentVariableIsSet(brindle::EndedProgramFolder)) {
+        return brindle::RunEndedProgram();
     }
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
