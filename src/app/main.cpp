@@ -1,13 +1,10 @@
-#include "app/outside_end.h"
+#include "app/run_editor.h"
 #include "app/start_arguments.h"
-#include "app/surroundings.h"
-#include "editor/form_plg.h"
 #include "platform/arguments.h"
 #include "platform/environment.h"
 #include "platform/file_size_limit.h"
 #include "platform/folders.h"
 #include "platform/standard_output.h"
-#include "platform/termination_notifier.h"
 #include "settings/program_folder.h"
 
 #include <QApplication>
@@ -53,19 +50,8 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(icon);
     QApplication::setQuitOnLastWindowClosed(false); // the main window quits once it has asked what it must
 
-    formPLG* window = nullptr;
     const FolderFunctions folders = RealFolders();
     const std::string programFolder = ProvideProgramFolder(
         FindProgramFolders(ExecutableFolder(), EnvironmentVariable, folders), RealFileSystem(), folders);
-    EditorSurroundings surroundings = RealSurroundings(programFolder, [&window] { return window; });
-    surroundings.CommandLine =
-        PathOfArguments(ArgumentsLeftByQt(argc, argv), surroundings.Folders.CurrentFolder());
-    Editor editor(surroundings);
-    editor.Form_Initialize();
-    formPLG mainWindow(editor);
-    window = &mainWindow;
-    const OutsideEnd outsideEnd({[&editor] { editor.KeepRecoveryCopyAtOnce(); },
-                                 [&mainWindow] { mainWindow.AskNothing(); }, EndAsWanted});
-    mainWindow.LoadAndShow();
-    return QApplication::exec();
+    return RunEditor(programFolder, PathOfArguments(ArgumentsLeftByQt(argc, argv), folders.CurrentFolder()));
 }

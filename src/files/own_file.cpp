@@ -25,6 +25,16 @@ bool OwnFileStands(const FileSystem& files, const std::string& path) {
     return files.FollowLinks(path, target).Failed() || target != path || !IsAbsent(files, path);
 }
 
+bool OwnFileIsAnother(const FileSystem& files, const std::string& path) {
+    std::string target;
+    FileStatus status;
+    if (const FileError error = files.FollowLinks(path, target); error.Failed()) {
+        return error.Number == PathAccessError; // links in a circle
+    }
+    return target != path || (!files.Status(path, status).Failed() && status.Type != FileType::Regular &&
+                              status.Type != FileType::Absent);
+}
+
 FileError ReadOwnFile(const FileSystem& files, const std::string& path, std::string& bytes) {
     bytes.clear();
     FileHandle handle = -1;

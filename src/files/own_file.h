@@ -14,6 +14,9 @@ namespace brindle {
 /// there.
 bool OwnFileStands(const FileSystem& files, const std::string& path);
 
+/// What stands at `path` is no file of ours for all that the system says: a link, a folder or the like.
+bool OwnFileIsAnother(const FileSystem& files, const std::string& path);
+
 /// Reads the whole file at `path`. A link, and anything else that is no regular file, is PathAccessError; a
 /// file larger than any of ours (16 MiB) BadRecordLengthError.
 FileError ReadOwnFile(const FileSystem& files, const std::string& path, std::string& bytes);

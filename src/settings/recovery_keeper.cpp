@@ -79,7 +79,8 @@ std::optional<LeftCopy> RecoveryKeeper::NextLeft() {
             unsettled_ = true;
             return left;
         }
-        if (!error.Failed() || error.Number == PathAccessError || error.Number == BadRecordLengthError) {
+        if (!error.Failed() || error.Number == BadRecordLengthError ||
+            OwnFileIsAnother(files_, PathOf(looked_, CopyEnding))) {
             MoveAside(looked_);
         }
         GiveUpNumber();

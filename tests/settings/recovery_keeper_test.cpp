@@ -223,9 +223,10 @@ TEST_F(RecoveryKeeperTest, ALinkIsNeitherReadNorWrittenThroughButPutAside) {
     Disk.AddFile("/secret", EncodeRecoveryCopy(Work(1)));
     Disk.AddLink(FirstCopy, "/secret");
     Disk.AddLink(SecondCopy, "/nowhere");
+    Disk.AddLink("/opt/brindle/Recovery3.brindle", "Recovery3.brindle");
     const auto program = Program();
     EXPECT_FALSE(program->NextLeft());
-    EXPECT_EQ(2U, program->Damaged().size());
+    EXPECT_EQ(3U, program->Damaged().size());
     EXPECT_TRUE(Disk.IsLink("/opt/brindle/Recovery1.damaged-1"));
     program->Rest(Work(0).Logic);
     KeepNow(*program, 2);
@@ -234,9 +235,17 @@ TEST_F(RecoveryKeeperTest, ALinkIsNeitherReadNorWrittenThroughButPutAside) {
     EXPECT_FALSE(Has("/nowhere"));
 }
 
+TEST_F(RecoveryKeeperTest, AFolderInThePlaceOfACopyIsPutAsideToo) {
+    Disk.AddFolder(FirstCopy);
+    const auto program = Program();
+    EXPECT_FALSE(program->NextLeft());
+    EXPECT_EQ(1U, program->Damaged().size());
+    EXPECT_FALSE(Has(FirstCopy));
+}
+
 TEST_F(RecoveryKeeperTest, ACopyThatTheSystemDoesNotLetUsOpenStays) {
     Disk.AddFile(FirstCopy, EncodeRecoveryCopy(Work(1)));
-    for (const int error : {PermissionDeniedError, DeviceIoError}) {
+    for (const int error : {PermissionDeniedError, PathAccessError, DeviceIoError}) {
         Disk.FailAll("open", error);
         const auto program = Program();
         EXPECT_FALSE(program->NextLeft());

@@ -132,7 +132,15 @@ FileSystem MonkeyDisk::Files() {
         }
         brokenOff_.erase(path); // tried again: what it holds is read first
         FileError error = real.OpenForReading(path, handle);
-        if (!error.Failed() && (IsLogicName(path) || path.ends_with(".brindle"))) {
+        if (!error.Failed() && IsLogicName(path)) {
+            read_.insert(path);
+        }
+        return error;
+    };
+    files.OpenItself = [this, real](const std::string& path, FileHandle& handle) {
+        FileError fault = Fault("open " + path);
+        FileError error = fault.Failed() ? fault : real.OpenItself(path, handle);
+        if (!error.Failed() && path.ends_with(".brindle")) {
             read_.insert(path);
         }
         return error;
@@ -174,6 +182,7 @@ FileSystem MonkeyDisk::Files() {
         }
         if (!error.Failed()) {
             ++writeCount_;
+            files_.erase(from); // a recovery copy that was meddled with is put aside
             wrote_.insert(to);
             files_[to] = ContentOf(to);
             WhenWritten(to, files_[to]);
