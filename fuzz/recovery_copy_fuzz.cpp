@@ -41,7 +41,7 @@ std::string CopyAround(const std::string& logic) {
     RecoveryCopy copy;
     copy.Path = "/home/a\nb.pl";
     copy.Title = "a\nb.pl";
-    copy.NeverSaved = logic.size() % 2 == 1;
+    copy.Origin = logic.size() % 2 == 1 ? FileOrigin::New : FileOrigin::Opened;
     copy.KeptAt = "21.11.2026 14:02";
     copy.Logic = logic;
     return EncodeRecoveryCopy(copy);
@@ -51,7 +51,7 @@ void RequireSameAgain(const RecoveryCopy& copy, const LogicConfig& config) {
     RecoveryCopy again;
     LogicConfig configAgain;
     Require(DecodeRecoveryCopy(EncodeRecoveryCopy(copy), again, configAgain), "what was read can be kept");
-    Require(again.Path == copy.Path && again.Title == copy.Title && again.NeverSaved == copy.NeverSaved &&
+    Require(again.Path == copy.Path && again.Title == copy.Title && again.Origin == copy.Origin &&
                 again.KeptAt == copy.KeptAt && again.Logic == copy.Logic,
             "a copy reads back as it was kept");
     Require(configAgain.FilePath == copy.Path && configAgain.FileTitle == copy.Title,

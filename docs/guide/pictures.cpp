@@ -116,8 +116,9 @@ void OfferRecovery(formPLG& window) {
     const QTemporaryDir programFolder;
     LogicConfig logic;
     MakeNewVdr812(logic, Version230);
-    const std::string copy = EncodeRecoveryCopy({"/home/relays/line 7 east.pl", "line 7 east.pl", false,
-                                                 "21 Nov 2026 10:12:33", RecoveryLogic(logic)});
+    const std::string copy =
+        EncodeRecoveryCopy({"/home/relays/line 7 east.pl", "line 7 east.pl", FileOrigin::Opened,
+                            "21 Nov 2026 10:12:33", RecoveryLogic(logic)});
     QFile file(programFolder.filePath(QStringLiteral("Recovery1.brindle")));
     if (!file.open(QIODevice::WriteOnly) || file.write(QByteArray::fromStdString(copy)) < 0) {
         return;

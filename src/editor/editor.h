@@ -305,6 +305,8 @@ class Editor {
     void OfferRecovery();
     void AskForLeftWork();
     void ShowRecovered(const LeftCopy& left);
+    /// What the file at `path` is instead of a program; empty for a program and for what cannot be read.
+    [[nodiscard]] std::string ForeignNoticeAt(const std::string& path) const;
     /// The work as a recovery copy holds it.
     [[nodiscard]] RecoveryCopy WorkNow() const;
     /// Asks if there are changes; false when the user cancelled. Work that is discarded unasked, or not saved

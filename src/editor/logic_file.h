@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/file_origin.h"
 #include "files/file_stamp.h"
 #include "platform/message_box.h"
 
@@ -8,12 +9,6 @@
 #include <vector>
 
 namespace brindle {
-
-enum class FileOrigin {
-    New,   ///< made here and never saved: its name is a proposal
-    Part,  ///< what could be read of a file that was refused: only the user can tell where it belongs
-    Opened ///< opened from its file or saved to it
-};
 
 /// What is known of the file that the logic in the editor is of.
 struct LogicFile {

@@ -1,4 +1,5 @@
 #include "editor/editor.h"
+#include "files/foreign_file.h"
 #include "files/option_file.h"
 
 /// Unsaved work that survives the end of the program.
@@ -7,7 +8,8 @@ namespace brindle {
 namespace {
 
 MessageBox RecoveryQuestion(const RecoveryCopy& copy) {
-    const std::string work = copy.NeverSaved ? "A new file" : "Changes to the file " + copy.Path;
+    const std::string work =
+        copy.Origin != FileOrigin::Opened ? "A new file" : "Changes to the file " + copy.Path;
     return {work + " had not been saved when the program ended.  A copy of the work was kept on " +
                 copy.KeptAt +
                 ".\r\nSelect Yes to go on with it, No to throw it away, Cancel to be asked again at the next "
@@ -29,8 +31,8 @@ MessageBox DamagedNotice(const std::vector<std::string>& paths) {
 
 RecoveryCopy Editor::WorkNow() const {
     const DateAndTime now = surroundings_.Now();
-    return {config_.FilePath, config_.FileTitle, file_.NeverSaved(), now.Date + " " + now.Time,
-            RecoveryLogic(config_)};
+    return {config_.FilePath,          config_.FileTitle,      file_.Origin,
+            now.Date + " " + now.Time, RecoveryLogic(config_), file_.Stamp};
 }
 
 void Editor::OfferRecovery() {
@@ -55,11 +57,24 @@ void Editor::AskForLeftWork() {
     }
 }
 
+std::string Editor::ForeignNoticeAt(const std::string& path) const {
+    std::string bytes;
+    FileStamp stamp;
+    if (ReadStampedFile(surroundings_.Files, path, bytes, stamp).Failed()) {
+        return {};
+    }
+    return ForeignNotice(KindOfProgram(bytes, stamp.Status.Size), stamp.Status.Size);
+}
+
 void Editor::ShowRecovered(const LeftCopy& left) {
     config_ = left.Logic;
-    LogicFile file{left.Copy.NeverSaved ? FileOrigin::New : FileOrigin::Opened};
-    file.Stamp = StampNow(surroundings_.Files, config_.FilePath);
+    LogicFile file{left.Copy.Origin};
+    file.Stamp = left.Copy.Stamp;
+    if (file.Origin == FileOrigin::Opened && config_.RelayModel == RelayKind::Vdr812) {
+        file.Foreign = ForeignNoticeAt(config_.FilePath);
+    }
     ShowNewLogic(file);
+    LookForChange();
     config_.Modified = true;
     listsHereAlone_ = !config_.Lists.Empty() &&
                       plcFolder_.Find(config_.Vdr810.SettingsVersion, config_.Vdr810.Options) == nullptr;

@@ -80,7 +80,7 @@ FileStamp StampNow(const FileSystem& files, const std::string& path) {
     FileStamp stamp;
     if (files.Status(path, stamp.Status).Failed() ||
         (stamp.Status.Type == FileType::Regular && !HashContent(files, path, stamp.Hash))) {
-        stamp.Status.Type = FileType::Other;
+        return UnknownStamp();
     }
     return stamp;
 }

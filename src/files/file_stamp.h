@@ -24,6 +24,13 @@ struct FileStamp {
     std::optional<std::uint64_t> Attempted;
 };
 
+/// The stamp of a file of which nothing is known.
+inline FileStamp UnknownStamp() {
+    FileStamp stamp;
+    stamp.Status.Type = FileType::Other;
+    return stamp;
+}
+
 enum class FileChange {
     None,
     Changed, ///< its content is another, or something else stands at its path

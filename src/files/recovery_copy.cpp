@@ -6,9 +6,12 @@
 #include "files/vdr810_reader.h"
 #include "files/vdr810_writer.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <optional>
+#include <utility>
 
 namespace brindle {
 
@@ -17,12 +20,57 @@ namespace {
 constexpr std::string_view FirstLine = "Brindle recovery copy 2\n";
 constexpr std::string_view FirstLineWithoutSum = "Brindle recovery copy 1\n";
 
-std::string SumLine(std::string_view bytes) {
-    constexpr int digits = 16;
-    std::array<char, digits> hex{};
-    char* end = std::to_chars(hex.data(), hex.data() + digits, HashOfBytes(bytes), digits).ptr;
+constexpr int HashDigits = 16;
+
+std::string HashText(std::uint64_t hash) {
+    std::array<char, HashDigits> hex{};
+    char* end = std::to_chars(hex.data(), hex.data() + hex.size(), hash, HashDigits).ptr;
     const std::string number(hex.data(), end);
-    return "sum=" + std::string(digits - number.size(), '0') + number + "\n";
+    return std::string(HashDigits - number.size(), '0') + number;
+}
+
+std::string SumLine(std::string_view bytes) {
+    return "sum=" + HashText(HashOfBytes(bytes)) + "\n";
+}
+
+constexpr std::array<std::pair<FileOrigin, std::string_view>, 3> OriginWords{
+    {{FileOrigin::New, "yes"}, {FileOrigin::Part, "part"}, {FileOrigin::Opened, "no"}}};
+
+std::string_view WordOf(FileOrigin origin) {
+    return std::find_if(OriginWords.begin(), OriginWords.end(),
+                        [=](const auto& row) { return row.first == origin; })
+        ->second;
+}
+
+bool ReadOrigin(std::string_view word, FileOrigin& origin) {
+    const auto* const row = std::find_if(OriginWords.begin(), OriginWords.end(),
+                                         [=](const auto& known) { return known.second == word; });
+    if (row != OriginWords.end()) {
+        origin = row->first;
+    }
+    return row != OriginWords.end();
+}
+
+std::string StampText(const FileStamp& stamp) {
+    return stamp.Status.Type == FileType::Regular
+               ? std::to_string(stamp.Status.Size) + "," + HashText(stamp.Hash)
+               : "none";
+}
+
+bool ReadStamp(std::string_view text, FileStamp& stamp) {
+    stamp = UnknownStamp();
+    if (text == "none") {
+        return true;
+    }
+    const char* end = text.data() + text.size();
+    const auto size = std::from_chars(text.data(), end, stamp.Status.Size);
+    if (size.ec != std::errc{} || size.ptr == end || *size.ptr != ',') {
+        return false;
+    }
+    const auto hash = std::from_chars(size.ptr + 1, end, stamp.Hash, HashDigits);
+    stamp.Status.Type = FileType::Regular;
+    // One spelling alone: what is read is written as the same again.
+    return hash.ec == std::errc{} && StampText(stamp) == text;
 }
 
 /// What a copy says after its head; none when that is of no format of ours or tells of other bytes.
@@ -132,8 +180,8 @@ std::string RecoveryLogic(const LogicConfig& config) {
 }
 
 std::string EncodeRecoveryCopy(const RecoveryCopy& copy) {
-    const std::string body = std::string("new=") + (copy.NeverSaved ? "yes" : "no") + "\n" +
-                             Block("kept", copy.KeptAt) + Block("path", copy.Path) +
+    const std::string body = "new=" + std::string(WordOf(copy.Origin)) + "\nfile=" + StampText(copy.Stamp) +
+                             "\n" + Block("kept", copy.KeptAt) + Block("path", copy.Path) +
                              Block("title", copy.Title) + copy.Logic;
     return std::string(FirstLine) + SumLine(body) + body;
 }
@@ -145,17 +193,19 @@ bool DecodeRecoveryCopy(std::string_view bytes, RecoveryCopy& copy, LogicConfig&
     }
     Parts parts(*body);
     RecoveryCopy read;
-    std::string_view neverSaved;
+    std::string_view origin;
+    std::string_view stamp = "none";
     std::string_view keptAt;
     std::string_view path;
     std::string_view title;
-    const bool whole = parts.TakeText("new", neverSaved) && (neverSaved == "yes" || neverSaved == "no") &&
+    const bool first = bytes.starts_with(FirstLineWithoutSum);
+    const bool whole = parts.TakeText("new", origin) && ReadOrigin(origin, read.Origin) &&
+                       (first || parts.TakeText("file", stamp)) && ReadStamp(stamp, read.Stamp) &&
                        parts.TakeBlock("kept", keptAt) && parts.TakeBlock("path", path) &&
                        parts.TakeBlock("title", title);
     if (!whole) {
         return false;
     }
-    read.NeverSaved = neverSaved == "yes";
     read.KeptAt = keptAt;
     read.Path = path;
     read.Title = title;

@@ -91,6 +91,53 @@ TEST_F(RecoveryAfterCrash, OnceSavedTheWorkIsAskedForNoMore) {
     EXPECT_TRUE(Run->Boxes.empty());
 }
 
+TEST_F(RecoveryAfterCrash, AFileThatChangedSinceIsToldOfAndAskedAbout) {
+    const std::string others = NewProgramBytes(Version100);
+    Run->Files["/home/a.pl"] = others;
+    Run->AnswerBox(MessageAnswer::Yes);
+    Run->Start();
+    EXPECT_EQ(1U, Run->ShownStatus.size());
+    Run->AnswerBox(MessageAnswer::Cancel);
+    (*Run)->mnuFileSave_Click();
+    ASSERT_EQ(2U, Run->Boxes.size());
+    EXPECT_EQ(MessageButtons::SaveAsOverwriteCancel, Run->Boxes[1].Buttons);
+    EXPECT_EQ(others, Run->Files["/home/a.pl"]);
+}
+
+TEST_F(RecoveryCommands, AForeignFileIsStillForeignAfterACrash) {
+    StartAgain();
+    Run->Files["/home/script.pl"] = "print 1;";
+    Run->Surroundings.CommandLine = "/home/script.pl";
+    Run->Start();
+    (*Run)->txtTimerPU_Change("1234");
+    Wait();
+    CrashAndStartAgain();
+    Run->AnswerBox(MessageAnswer::Yes);
+    Run->Start();
+    EXPECT_EQ(1U, Run->ShownStatus.size());
+    Run->AnswerBox(MessageAnswer::Cancel);
+    (*Run)->mnuFileSave_Click();
+    EXPECT_EQ("print 1;", Run->Files["/home/script.pl"]);
+}
+
+TEST_F(RecoveryCommands, APartOfARefusedFileIsStillAPartAfterACrash) {
+    StartAgain();
+    Run->Files["/opt/brindle/PLC00230_OPT00012.810"] = SchemeOptionFile(2.3, 12);
+    Run->Files["/opt/brindle/New_File.c10"] = "another scheme";
+    Run->Files["/home/x.c10"] = SchemeLogicFile(2.3, 12) + "9,1\r\n";
+    Run->Surroundings.CommandLine = "/home/x.c10";
+    Run->Start();
+    (*Run)->txtTimerPU_Change("1234");
+    Wait();
+    CrashAndStartAgain();
+    Run->AnswerBox(MessageAnswer::Yes);
+    Run->Start();
+    Run->CancelFile();
+    (*Run)->mnuFileSave_Click();
+    EXPECT_EQ(1U, Run->Dialogs.size());
+    EXPECT_EQ("another scheme", Run->Files["/opt/brindle/New_File.c10"]);
+}
+
 TEST_F(RecoveryAfterCrash, ASecondCrashLosesNothing) {
     Run->AnswerBox(MessageAnswer::Yes);
     Run->Start();

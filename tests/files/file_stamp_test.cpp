@@ -57,7 +57,7 @@ TEST_F(FileStamps, AGlanceBelievesTheSystemAndDoesNotRead) {
 TEST_F(FileStamps, AChangeThatTheClockOfTheDiskMissesIsFoundByReading) {
     FileSystem coarse = Files;
     coarse.Status = [this](const std::string& path, FileStatus& status) {
-        const FileError error = Files.Status(path, status);
+        FileError error = Files.Status(path, status);
         status.WrittenAt = Stamp.Status.WrittenAt;
         status.Identity = Stamp.Status.Identity;
         return error;

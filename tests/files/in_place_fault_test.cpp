@@ -138,7 +138,7 @@ TEST(InPlaceUnderFaults, ThePowerMayFailWhileTheFileIsBeingWritten) {
 }
 
 TEST(InPlaceUnderFaults, AfterAnyFailureWritingAgainGoesWell) {
-    const std::string bytes = NewContents.front();
+    const std::string& bytes = NewContents.front();
     for (std::size_t n = 1; n <= OperationsOf(bytes); ++n) {
         WriteInPlaceRun run(bytes);
         run.Disk.FailFrom(n, DiskFullError);

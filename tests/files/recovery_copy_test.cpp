@@ -10,14 +10,17 @@ namespace brindle {
 namespace {
 
 RecoveryCopy CopyOf(const LogicConfig& config) {
-    return {"/home/me/a\nb=1.pl", "a\nb=1.pl", true, "5/4/2001 10:12", RecoveryLogic(config)};
+    return {"/home/me/a\nb=1.pl", "a\nb=1.pl", FileOrigin::New, "5/4/2001 10:12", RecoveryLogic(config)};
 }
 
-/// The same copy in the first format, which has no sum.
-std::string WithoutSum(std::string bytes) {
+/// The same copy in the first format, which has neither sum nor file.
+std::string WithoutSum(const std::string& bytes) {
     const std::string head = "Brindle recovery copy 2\n";
     EXPECT_TRUE(bytes.starts_with(head + "sum="));
-    return "Brindle recovery copy 1\n" + bytes.substr(bytes.find('\n', head.size()) + 1);
+    std::string body = bytes.substr(bytes.find('\n', head.size()) + 1);
+    const std::size_t file = body.find("file=");
+    body.erase(file, body.find('\n', file) + 1 - file);
+    return "Brindle recovery copy 1\n" + body;
 }
 
 LogicConfig Vdr812Logic() {
@@ -43,7 +46,7 @@ TEST(RecoveryCopy, AVdr812LogicComesBackWholeWithItsFile) {
     ASSERT_TRUE(DecodeRecoveryCopy(EncodeRecoveryCopy(CopyOf(config)), copy, read));
     EXPECT_EQ("/home/me/a\nb=1.pl", read.FilePath);
     EXPECT_EQ("a\nb=1.pl", read.FileTitle);
-    EXPECT_TRUE(copy.NeverSaved);
+    EXPECT_EQ(FileOrigin::New, copy.Origin);
     EXPECT_EQ("5/4/2001 10:12", copy.KeptAt);
     EXPECT_EQ(config.Header, read.Header);
     EXPECT_EQ(config.Groups, read.Groups);
@@ -57,6 +60,28 @@ TEST(RecoveryCopy, AVdr810LogicComesBackWithItsSignals) {
     ASSERT_TRUE(DecodeRecoveryCopy(EncodeRecoveryCopy(CopyOf(config)), copy, read));
     EXPECT_TRUE(SameVdr810(config, read));
     EXPECT_EQ(77, read.Coding.FalseCode);
+}
+
+TEST(RecoveryCopy, KnowsWhereTheLogicComesFromAndHowItsFileWas) {
+    RecoveryCopy copy = CopyOf(Vdr812Logic());
+    copy.Stamp.Status.Type = FileType::Regular;
+    copy.Stamp.Status.Size = 2048;
+    copy.Stamp.Hash = 0x0123456789ABCDEFU;
+    RecoveryCopy read;
+    LogicConfig config;
+    for (const FileOrigin origin : {FileOrigin::New, FileOrigin::Part, FileOrigin::Opened}) {
+        copy.Origin = origin;
+        const std::string bytes = EncodeRecoveryCopy(copy);
+        EXPECT_NE(std::string::npos, bytes.find("\nfile=2048,0123456789abcdef\n"));
+        ASSERT_TRUE(DecodeRecoveryCopy(bytes, read, config));
+        EXPECT_EQ(origin, read.Origin);
+        EXPECT_EQ(copy.Stamp.Hash, read.Stamp.Hash);
+        EXPECT_EQ(copy.Stamp.Status.Size, read.Stamp.Status.Size);
+        EXPECT_EQ(FileType::Regular, read.Stamp.Status.Type);
+    }
+    copy.Stamp = UnknownStamp();
+    ASSERT_TRUE(DecodeRecoveryCopy(EncodeRecoveryCopy(copy), read, config));
+    EXPECT_EQ(FileType::Other, read.Stamp.Status.Type);
 }
 
 TEST(RecoveryCopy, ACopyReadAndWrittenIsTheSameByteForByte) {

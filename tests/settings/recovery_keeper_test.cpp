@@ -29,7 +29,7 @@ struct RecoveryKeeperTest : testing::Test {
         LogicConfig config;
         MakeNewVdr812(config, Version230);
         config.Group(1).Timer(1).PickUp = edits;
-        return {"/home/a.pl", "a.pl", false, "today", RecoveryLogic(config)};
+        return {"/home/a.pl", "a.pl", FileOrigin::Opened, "today", RecoveryLogic(config)};
     }
 
     static void KeepNow(RecoveryKeeper& program, int edits) {

@@ -70,7 +70,8 @@ TEST_F(EndedProgram, TheEditorEndedWhileItAsksForLeftWorkLeavesThatAsItIs) {
     LogicConfig logic;
     MakeNewVdr812(logic, Version230);
     logic.Group(1).Timer(1).PickUp = EndedProgramTime;
-    const std::string copy = EncodeRecoveryCopy({"/home/a.pl", "a.pl", false, "today", RecoveryLogic(logic)});
+    const std::string copy =
+        EncodeRecoveryCopy({"/home/a.pl", "a.pl", FileOrigin::Opened, "today", RecoveryLogic(logic)});
     QFile left(Folder.filePath(QString::fromLatin1(LeftCopyName)));
     ASSERT_TRUE(left.open(QIODevice::WriteOnly));
     left.write(copy.data(), static_cast<qint64>(copy.size()));
