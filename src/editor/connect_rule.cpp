@@ -10,7 +10,7 @@ using Inputs = std::array<UnitInput, InputsPerUnit>;
 
 /// The four inputs of a row (1 to 4) of the diagram.
 InputSet InputsOfRow(int row) {
-    return InputSet((1U << InputsPerGate) - 1) << static_cast<std::size_t>((row - 1) * InputsPerGate);
+    return InputSet((1U << InputsPerGate) - 1) << (static_cast<std::size_t>(row - 1) * InputsPerGate);
 }
 
 InputSet ShownInputs(float version) {

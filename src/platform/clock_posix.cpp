@@ -56,7 +56,7 @@ DateAndTime WriteMoment(std::time_t moment) {
         return {};
     }
     const UserLocale user;
-    const DateAndTime written = user.Written(local);
+    DateAndTime written = user.Written(local);
     if (user.IsUtf8(written.Date + written.Time)) {
         return written;
     }

@@ -159,6 +159,7 @@ void RecentFileList::Enter(const RecentFile& file) {
         entered = MergedWith(StoredFiles(read));
         EnterRecentFile(entered, file);
         std::vector<ProfileEntry> stored;
+        stored.reserve(RecentFileCount);
         for (int index = 0; index < RecentFileCount; ++index) {
             stored.push_back({KeyOf(index), RecentFileValue(entered[static_cast<std::size_t>(index)])});
         }

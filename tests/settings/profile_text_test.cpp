@@ -135,7 +135,7 @@ TEST(SetProfileValue, AValueThatReadsAlikeChangesNothing) {
 
 TEST(SetProfileValue, AValueThatWouldReadOtherwiseIsWrittenInQuotes) {
     const auto written = [](const std::string& value) {
-        const std::string text = SetProfileValue("[A]\nKey=1\n", "A", "Key", value);
+        std::string text = SetProfileValue("[A]\nKey=1\n", "A", "Key", value);
         EXPECT_EQ(Value(value), FindProfileValue(text, "A", "Key"));
         EXPECT_EQ(text, SetProfileValue(text, "A", "Key", value));
         return text;
