@@ -66,6 +66,16 @@ void RequireSameAgain(const RecoveryCopy& copy, const LogicConfig& config) {
     Require(RecoveryLogic(configAgain) == logic, "a logic comes back as it was kept");
 }
 
+/// A copy of which a byte was changed is refused, whichever it was.
+void RequireDamageFound(const RecoveryCopy& copy, std::size_t pick) {
+    std::string bytes = EncodeRecoveryCopy(copy);
+    char& changed = bytes.at(pick * 31 % bytes.size());
+    changed = static_cast<char>(changed ^ static_cast<char>(1 + pick % 255));
+    RecoveryCopy damaged;
+    LogicConfig config;
+    Require(!DecodeRecoveryCopy(bytes, damaged, config), "a damaged copy is refused");
+}
+
 } // namespace
 } // namespace brindle
 
@@ -92,5 +102,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     ShowAndReport(config, size);
     RequireSameAgain(copy, config);
+    RequireDamageFound(copy, size);
     return 0;
 }
