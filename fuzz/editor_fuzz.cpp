@@ -75,7 +75,8 @@ class EditorRun {
             copies.at(static_cast<std::size_t>(decisions_.Number(0, static_cast<int>(copies.size()) - 1)));
         std::string bytes = world_.Disk.Content(path).value_or("");
         if (!bytes.empty()) {
-            const std::size_t at = static_cast<std::size_t>(decisions_.Byte() * 256 + decisions_.Byte());
+            auto at = static_cast<std::size_t>(decisions_.Byte());
+            at = at * 256 + static_cast<std::size_t>(decisions_.Byte());
             bytes[at % bytes.size()] = static_cast<char>(decisions_.Byte());
             world_.Disk.AddFile(path, bytes, 0600);
         }

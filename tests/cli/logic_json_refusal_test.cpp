@@ -227,7 +227,7 @@ TEST(LogicJsonRefusal, ListsAndObjectsStandSixteenDeepAndNoDeeper) {
         where += "[0]";
     }
     EXPECT_EQ(where + what, RefusalOf(NestedLists(17)));
-    EXPECT_EQ("groups[1].a" + where.substr(0, 13 * 3) + what,
+    EXPECT_EQ("groups[1].a" + where.substr(0, std::size_t{13} * 3) + what,
               RefusalOf("{\"groups\": [0, {\"a\": " + NestedLists(15) + "}]}"));
     EXPECT_EQ(where + what, RefusalOf(std::string(1000000, '['))) << "what follows is not looked at";
 }
@@ -243,6 +243,8 @@ TEST(LogicJsonRefusal, WhateverIsRefusedTakesOneShortLine) {
         return all;
     };
     const std::string name = repeated("k");
+    std::string twice = "{\"";
+    twice.append(name).append("\": 1, \"").append(name).append("\": 1}");
     for (const std::string& text : {repeated("["),
                                     repeated("{\"a\":"),
                                     repeated("{\"" + std::string(100, 'a') + "\":"),
@@ -256,7 +258,7 @@ TEST(LogicJsonRefusal, WhateverIsRefusedTakesOneShortLine) {
                                     "0." + repeated("1"),
                                     "1e" + repeated("9"),
                                     "{\"" + name + "\": 1}",
-                                    "{\"" + name + "\": 1, \"" + name + "\": 1}",
+                                    twice,
                                     "{\"" + name + "\": " + NestedLists(17) + "}",
                                     "[" + repeated("1, ") + "1]",
                                     "[" + repeated("1, "),

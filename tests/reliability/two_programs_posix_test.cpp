@@ -121,6 +121,7 @@ TEST(ProgramsOnOneSettingsFile, AtOnceLoseNoKey) {
     const TempFolder folder;
     folder.Put("Benchkit.ini", SharedSettings);
     std::vector<std::function<bool()>> bodies;
+    bodies.reserve(programs);
     for (int program = 0; program < programs; ++program) {
         bodies.emplace_back([&folder, program] {
             std::vector<MessageBox> boxes;
