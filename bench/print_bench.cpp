@@ -34,17 +34,19 @@ UnitReportRequest ReportStart(const LogicConfig& config) {
 }
 
 /// Shows and draws all units as the print dialog does; returns the size of the file.
-qint64 PrintPictures(Editor& editor, QWidget& window, const std::vector<UnitPlace>& units) {
+qint64 PrintPictures(Editor& editor, formPLG& window, const std::vector<UnitPlace>& units) {
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     {
         QPdfWriter writer(&file);
         writer.setPageOrientation(QPageLayout::Landscape);
         QPainter painter(&writer);
-        PicturePagePainter pages(writer, painter, window);
+        PicturePagePainter pages(writer, painter);
         PrintRun run;
         run.Show = [&](const UnitPlace& unit) { ShowUnit(editor, unit); };
-        run.Print = [&](const UnitPlace&) { return pages.PrintWindow(window.windowTitle()); };
+        run.Print = [&](const UnitPlace&) {
+            return pages.PrintPicture(window.windowTitle(), window.Picture());
+        };
         run.Progress = [](const UnitPlace&, std::size_t, std::size_t) {};
         run.Cancelled = [] { return false; };
         if (RunPrint(units, run).Outcome != PrintOutcome::Done) {
