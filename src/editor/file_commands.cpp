@@ -170,7 +170,9 @@ void Editor::WriteLogic() {
         return error.Failed() ? error : ReplaceWholeFile(surroundings_.Files, config_.FilePath, bytes, rules);
     };
     if (RunFileCommand({write}, SaveFailedText, surroundings_.ShowMessageBox) != FileOutcome::Done) {
-        file_.Stamp.Attempted = HashOfBytes(bytes);
+        if (!bytes.empty()) { // else nothing was tried: no file can hold the logic
+            file_.Stamp.Attempted = HashOfBytes(bytes);
+        }
         return;
     }
     config_.Modified = false;

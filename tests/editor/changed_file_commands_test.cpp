@@ -140,6 +140,17 @@ TEST_F(ChangedFileCommands, AFileReplacedAfterAFailedSaveAsIsAskedAbout) {
     EXPECT_EQ(Harness.Files["/data/y.pl"], Ours());
 }
 
+TEST_F(ChangedFileCommands, AFileEmptiedByAnotherProgramIsAskedAboutAfterASaveThatWroteNothing) {
+    Harness->EditConfig().Group(1).Unit(1).Inputs[0] = 300; // a code that no byte holds
+    Harness->mnuFileSave_Click();
+    ASSERT_EQ(Harness.Boxes.size(), 1U) << "the failure";
+    Harness->EditConfig().Group(1).Unit(1).Inputs[0] = 0;
+    Harness.Files["/data/x.pl"].clear();
+    Save(MessageAnswer::Cancel);
+    EXPECT_EQ(Harness.Boxes.size(), 2U);
+    EXPECT_EQ(Harness.Files["/data/x.pl"], "");
+}
+
 TEST_F(ChangedFileCommands, TwoEditorsOnOneFileTheSecondOnesSaveAsks) {
     EditorHarness second;
     second.Surroundings.Files = Harness.Surroundings.Files;
